@@ -1,0 +1,33 @@
+# Debian 12 packages that the commands in the repository's root need. Sourced by them with bash.
+
+readonly build_packages=(
+    g++ cmake ninja-build ccache mold git
+    qt6-base-dev qt6-charts-dev libqt6opengl6-dev libgl-dev
+    qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
+)
+readonly run_packages=(
+    libqt6sql6-sqlite libqt6sql6-psql qt6-translations-l10n
+    fonts-dejavu-core fonts-noto-core fonts-noto-cjk
+)
+readonly test_packages=(
+    poppler-utils binutils
+)
+
+# Installs those of the named packages that are missing. Where it may not, it says what is missing and goes on:
+# the build tells best whether that matters.
+install_missing() {
+    command -v dpkg-query > /dev/null && command -v apt-get > /dev/null || return 0
+    local installed missing=() name
+    installed=$(dpkg-query -W -f '${db:Status-Abbrev} ${Package}\n' "$@" 2> /dev/null | sed -n 's/^ii *//p') || true
+    for name in "$@"; do
+        grep -qxF -- "$name" <<< "$installed" || missing+=("$name")
+    done
+    [[ ${#missing[@]} -gt 0 ]] || return 0
+    if [[ $EUID -ne 0 ]]; then
+        echo "These packages are missing and only root can install them: ${missing[*]}" >&2
+        return 0
+    fi
+    echo "Installing: ${missing[*]}" >&2
+    DEBIAN_FRONTEND=noninteractive apt-get -qq update >&2
+    DEBIAN_FRONTEND=noninteractive apt-get -qq install --yes --no-install-recommends "${missing[@]}" >&2
+}
