@@ -1,0 +1,45 @@
+# Controls, texts and theme of TalvixWidgets; paths are relative to devhost/.
+target_sources(TalvixWidgets PRIVATE
+    widgets/AppLanguageTr.cpp
+    widgets/AppStyleHelper.cpp
+    widgets/AppTranslationHelper.cpp
+    widgets/BaseHelper.cpp
+    widgets/BaseStyleWidget.cpp
+    widgets/BaseWidget.cpp
+    widgets/HostSettings.cpp
+    widgets/HostSettings.h
+    widgets/LanguageTexts.cpp
+    widgets/LanguageTexts.h
+    widgets/OrganisationTreeModel.cpp
+    widgets/OrganisationTreeModel.h
+    widgets/QssFormatHelper.cpp
+    widgets/SnapClasses.h
+    widgets/SpanGrid.cpp
+    widgets/SpanGrid.h
+    widgets/Toast.cpp
+    widgets/Toast.h
+    widgets/ZrCalendarWidget.cpp
+    widgets/ZrChartView.cpp
+    widgets/ZrComboBoxWithTree.cpp
+    widgets/ZrDialog.cpp
+    widgets/ZrLoaddingWidget.cpp
+    widgets/ZrMessageBoxFlowDownWidget.cpp
+    widgets/ZrPushButton.cpp
+    widgets/ZrTreeView.cpp
+    widgets/theme/theme.qrc)
+
+# The texts, compiled into the library under the names that the languages have there.
+set(talvix_text_sources
+    widgets/texts/talvix_de.ts
+    widgets/texts/talvix_en.ts
+    widgets/texts/talvix_zh_CN.ts)
+qt6_add_translation(talvix_texts ${talvix_text_sources})
+qt_add_resources(TalvixWidgets talvix_texts
+    PREFIX /talvix/texts
+    BASE "${CMAKE_CURRENT_BINARY_DIR}"
+    FILES ${talvix_texts})
+
+# Draws the icons anew: build this target, run it with widgets/theme as its argument, commit what it drew.
+add_executable(talvix-draw-icons EXCLUDE_FROM_ALL widgets/theme/draw_icons.cpp)
+talvix_target(talvix-draw-icons)
+target_link_libraries(talvix-draw-icons PRIVATE Qt6::Gui)
