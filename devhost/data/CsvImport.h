@@ -1,0 +1,34 @@
+#pragma once
+
+#include "SampleEvents.h"
+#include "Sql.h"
+
+namespace devdata {
+
+struct ImportOptions
+{
+    bool skipBadLines = false; ///< leaves wrong lines out in place of refusing the file
+};
+
+struct ImportReport
+{
+    static constexpr size_t mostListed = 100;
+
+    qint64 kept = 0;              ///< lines that were imported
+    qint64 leftOut = 0;           ///< lines that were not
+    std::vector<QString> reasons; ///< "line 7: …" of the first lines left out
+    int added = 0;                ///< cameras and persons that were not known before
+};
+
+/// Reads a file of events, "kind,time,source,class,count", into the database within the caller's transaction.
+/// Throws StoreError, naming file, line and reason, when the file cannot be taken. \a progress tells percent
+/// of the file.
+///
+/// - alarm: `class` is the alarm code.
+/// - online: `count` is the minutes online in that hour; `class` is not read.
+/// - temperature: `class` is 0 to 3. A reading that is not normal is an alarm that nobody has accepted.
+/// - snapshot: `class` is 4 or 2. All its minor types are 0, "other".
+ImportReport importCsv(Connection &connection, const QString &fileName, const ImportOptions &options,
+    Minute now, const Progress &progress = {});
+
+} // namespace devdata

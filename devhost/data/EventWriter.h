@@ -1,0 +1,73 @@
+#pragma once
+
+#include "Events.h"
+#include "Figures.h"
+#include "Places.h"
+
+namespace devdata {
+
+/// Stores events and keeps the figures up to date with them. Everything happens in the transaction that the
+/// caller has open; nothing is complete before `flush`.
+///
+/// An event is counted once, for its own subject and hour; whoever else it concerns (organisations, person
+/// group, day, month, total) is counted from those hourly figures when they are written.
+class EventWriter : public EventSink
+{
+public:
+    EventWriter(Connection &connection, const Places &places);
+
+    void add(const AlarmEvent &alarm) override;
+    void add(const OnlineInterval &interval) override;
+    void add(const TemperatureReading &reading) override;
+    void add(const Snapshot &snapshot) override;
+
+    void flush();
+    qint64 eventCount() const { return m_eventCount; }
+
+    struct Cell
+    {
+        Fact fact;
+        Scope scope;
+        int subject;
+        int figureClass;
+        Bucket bucket;
+
+        friend bool operator==(const Cell &a, const Cell &b)
+        {
+            return a.bucket == b.bucket && a.subject == b.subject && a.figureClass == b.figureClass
+                && a.fact == b.fact && a.scope == b.scope;
+        }
+        // Millions of cells are looked up, so this mixes two words where qHashMulti would mix five.
+        friend size_t qHash(const Cell &cell, size_t seed = 0) noexcept
+        {
+            const quint64 who = static_cast<quint64>(cell.fact) << 56 ^ static_cast<quint64>(cell.scope) << 48
+                ^ static_cast<quint64>(static_cast<quint32>(cell.subject)) << 22
+                ^ static_cast<quint32>(cell.figureClass);
+            const quint64 mixed = (who ^ seed) * 0x9e3779b97f4a7c15ULL
+                ^ static_cast<quint64>(cell.bucket) * 0xc2b2ae3d27d4eb4fULL;
+            return static_cast<size_t>(mixed ^ (mixed >> 32));
+        }
+    };
+
+private:
+    using Counts = QHash<Cell, qint64>;
+
+    void count(Fact fact, Scope scope, int subject, Minute at, int figureClass, qint64 number);
+    void countDetails(const Snapshot &snapshot);
+    void spreadOverTime(const Cell &hour, qint64 number);
+    void spreadOverSubjects(const Cell &cell, qint64 number);
+    void spreadOverOrganisations(const Cell &cell, int organisation, qint64 number);
+    void writeFigures();
+
+    Connection &m_connection;
+    const Places &m_places;
+    BatchInsert m_alarms;
+    BatchInsert m_intervals;
+    BatchInsert m_readings;
+    BatchInsert m_snapshots;
+    Counts m_hours;
+    Counts m_figures;
+    qint64 m_eventCount = 0;
+};
+
+} // namespace devdata

@@ -1,0 +1,337 @@
+#include "SampleEvents.h"
+
+#include "Places.h"
+#include "Settings.h"
+#include "World.h"
+
+#include <algorithm>
+#include <array>
+
+namespace devdata {
+
+namespace {
+
+// How busy an hour of the day and a day of the week is, in percent.
+constexpr std::array<int, 24> dayRhythm = {
+    4, 2, 1, 1, 2, 8, 25, 60, 90, 70, 60, 65, 80, 75, 60, 60, 75, 95, 100, 70, 45, 30, 18, 9};
+constexpr std::array<int, 8> weekRhythm = {0, 95, 100, 100, 105, 110, 70, 45};
+
+// The hours that stand for a whole day where events are not made hour by hour.
+constexpr std::array<int, 2> coarseHours = {9, 17};
+constexpr int coarseWeight = 7;
+
+constexpr int namelessType = 99;
+constexpr int minutesOfDay = 24 * 60;
+
+// A small generator of its own: the numbers must be the same with every library and in every release.
+class Dice
+{
+public:
+    Dice(quint64 seed, quint64 topic, quint64 subject, quint64 time)
+        : m_state(mix(mix(mix(mix(seed) ^ topic) ^ subject) ^ time))
+    { }
+
+    int below(int limit)
+    {
+        m_state += 0x9e3779b97f4a7c15ULL;
+        return static_cast<int>(mix(m_state) >> 33) % limit;
+    }
+    bool percent(int chance) { return below(100) < chance; }
+    /// A whole number whose mean is \a thousandths / 1000.
+    int amount(qint64 thousandths)
+    {
+        const qint64 varied = thousandths * (75 + below(51)) / 100;
+        return static_cast<int>(varied / 1000) + (below(1000) < varied % 1000 ? 1 : 0);
+    }
+    template <size_t N>
+    int weighted(const std::array<int, N> &weights)
+    {
+        int rest = below(100);
+        for (size_t i = 0; i < N; ++i) {
+            rest -= weights[i];
+            if (rest < 0)
+                return static_cast<int>(i);
+        }
+        return static_cast<int>(N) - 1;
+    }
+
+private:
+    static quint64 mix(quint64 value)
+    {
+        value = (value ^ (value >> 30)) * 0xbf58476d1ce4e5b9ULL;
+        value = (value ^ (value >> 27)) * 0x94d049bb133111ebULL;
+        return value ^ (value >> 31);
+    }
+
+    quint64 m_state;
+};
+
+enum Topic : quint64 {
+    alarmTopic = 11,
+    onlineTopic,
+    temperatureTopic,
+    vehicleTopic,
+    pedestrianTopic,
+    traitTopic
+};
+
+class Generator
+{
+public:
+    Generator(const SampleWorld &world, const SampleOptions &options, EventSink &sink)
+        : m_world(world)
+        , m_options(options)
+        , m_sink(sink)
+    { }
+
+    void makeDay(Bucket day);
+
+private:
+    void makeHour(Bucket hour, int weekday);
+    void makeOnlineIntervals(Bucket day);
+    void makeOnlineIntervals(Bucket day, int device);
+    void emitOnline(Bucket day, int device, int from, int to);
+    void makeAlarms(Bucket hour, int channel, int busy);
+    void makeReadings(Bucket hour, int person, int busy);
+    void makeSnapshots(Bucket hour, int channel, int busy, int snapClass);
+    Snapshot someSnapshot(Dice &dice, int channel, int snapClass) const;
+
+    Dice dice(Topic topic, int subject, Bucket time) const
+    {
+        return Dice(m_options.seed, topic, static_cast<quint64>(subject), static_cast<quint64>(time));
+    }
+    /// What is always the same for a subject.
+    int trait(Topic topic, int subject, int limit) const
+    {
+        return dice(traitTopic, subject, topic).below(limit);
+    }
+    bool isWanted(Minute minute) const { return minute >= m_options.from && minute < m_options.to; }
+
+    template <typename Event>
+    void emitEvent(Bucket hour, Dice &dice, Event event, int count);
+
+    const SampleWorld &m_world;
+    const SampleOptions &m_options;
+    EventSink &m_sink;
+    bool m_fine = true;
+};
+
+void Generator::makeDay(Bucket day)
+{
+    m_fine = day * 10000 >= m_options.fineFrom;
+    makeOnlineIntervals(day);
+    const QDate date(
+        static_cast<int>(day / 10000), static_cast<int>(day / 100 % 100), static_cast<int>(day % 100));
+    if (m_fine) {
+        for (int hour = 0; hour < 24; ++hour)
+            makeHour(day * 100 + hour, date.dayOfWeek());
+    } else {
+        for (const int hour : coarseHours)
+            makeHour(day * 100 + hour, date.dayOfWeek());
+    }
+}
+
+void Generator::makeHour(Bucket hour, int weekday)
+{
+    if (hour * 100 + 60 <= m_options.from || hour * 100 >= m_options.to)
+        return;
+    const int busy = dayRhythm[static_cast<size_t>(hour % 100)] * weekRhythm[static_cast<size_t>(weekday)]
+        * (m_fine ? 1 : coarseWeight) / 100 * m_options.density;
+    for (const SampleWorld::Channel &channel : m_world.channels) {
+        makeAlarms(hour, channel.id, busy);
+        if (channel.countsTraffic) {
+            makeSnapshots(hour, channel.id, busy, vehicleClass);
+            makeSnapshots(hour, channel.id, busy, pedestrianClass);
+        }
+    }
+    for (const int person : m_world.persons)
+        makeReadings(hour, person, busy);
+}
+
+// The dice fall the same way for minutes that are not wanted, so that an hour can be made in pieces.
+template <typename Event>
+void Generator::emitEvent(Bucket hour, Dice &dice, Event event, int count)
+{
+    event.at = hour * 100 + dice.below(60);
+    event.count = count;
+    if (isWanted(event.at))
+        m_sink.add(event);
+}
+
+void Generator::makeAlarms(Bucket hour, int channel, int busy)
+{
+    static constexpr std::array<int, 8> typeWeights = {34, 22, 12, 9, 8, 5, 5, 5};
+    Dice dice = this->dice(alarmTopic, channel, hour);
+    const int most = 150 + trait(alarmTopic, channel, 750);
+    int number = dice.amount(static_cast<qint64>(most) * busy / 10000);
+    while (number > 0) {
+        AlarmEvent alarm;
+        alarm.source = channel;
+        alarm.type = dice.below(150) == 0 ? namelessType : 1 + dice.weighted(typeWeights);
+        const int alike = m_fine ? 1 : number;
+        emitEvent(hour, dice, alarm, alike);
+        number -= alike;
+    }
+}
+
+void Generator::makeReadings(Bucket hour, int person, int busy)
+{
+    static constexpr std::array<int, 4> classWeights = {93, 4, 2, 1};
+    static constexpr std::array<int, 3> maskWeights = {12, 80, 8};
+    static constexpr std::array<int, 3> handlingWeights = {30, 10, 60};
+    Dice dice = this->dice(temperatureTopic, person, hour);
+    int number = dice.amount(static_cast<qint64>(120 + trait(temperatureTopic, person, 200)) * busy / 10000);
+    while (number > 0) {
+        TemperatureReading reading;
+        reading.person = person;
+        reading.temperatureClass = dice.weighted(classWeights);
+        reading.maskClass = dice.weighted(maskWeights);
+        const int handling = dice.weighted(handlingWeights);
+        reading.handling = reading.temperatureClass == 0 ? noAlarm : handling;
+        emitEvent(hour, dice, reading, 1);
+        --number;
+    }
+}
+
+Snapshot Generator::someSnapshot(Dice &dice, int channel, int snapClass) const
+{
+    static constexpr std::array<int, 8> colours = {26, 20, 15, 12, 10, 8, 6, 3};
+    static constexpr std::array<int, 4> kinds = {55, 25, 12, 8};
+    static constexpr std::array<int, 3> ages = {15, 65, 20};
+    static constexpr std::array<int, 2> bags = {60, 40};
+    const bool reversed = trait(traitTopic, channel, 2) == 1;
+    const int direction = 1 + (dice.percent(62) == reversed ? 1 : 0);
+    const int colour = dice.percent(4) ? namelessType : 1 + dice.weighted(colours);
+    Snapshot snapshot;
+    snapshot.source = channel;
+    snapshot.snapClass = snapClass;
+    if (snapClass == vehicleClass)
+        snapshot.minors = {colour, 1 + dice.weighted(kinds), direction, 0};
+    else
+        snapshot.minors = {1 + dice.weighted(ages), colour, 1 + dice.weighted(bags), direction};
+    return snapshot;
+}
+
+void Generator::makeSnapshots(Bucket hour, int channel, int busy, int snapClass)
+{
+    const Topic topic = snapClass == vehicleClass ? vehicleTopic : pedestrianTopic;
+    Dice dice = this->dice(topic, channel, hour);
+    const int most =
+        snapClass == vehicleClass ? 2000 + trait(topic, channel, 30000) : 6000 + trait(topic, channel, 70000);
+    int number = dice.amount(static_cast<qint64>(most) * busy / 10000);
+    int groups = m_options.singly ? number : std::min(number, m_fine ? 2 : 1);
+    for (; groups > 0; --groups) {
+        const int alike = number / groups;
+        emitEvent(hour, dice, someSnapshot(dice, channel, snapClass), alike);
+        number -= alike;
+    }
+}
+
+void Generator::makeOnlineIntervals(Bucket day)
+{
+    for (const SampleWorld::Device &device : m_world.devices)
+        if (device.everOnline)
+            makeOnlineIntervals(day, device.id);
+}
+
+// A quarter of the devices is switched off at night; any of them may fail for some hours.
+void Generator::makeOnlineIntervals(Bucket day, int device)
+{
+    Dice dice = this->dice(onlineTopic, device, day);
+    const bool sleeps = trait(onlineTopic, device, 4) == 0;
+    const int wakes = sleeps ? 6 * 60 + dice.below(30) : 0;
+    const int rests = sleeps ? 21 * 60 + dice.below(60) : minutesOfDay;
+    const bool fails = dice.percent(8);
+    const int failure = fails ? dice.below(minutesOfDay) : minutesOfDay;
+    const int repair = std::min(failure + 20 + dice.below(300), minutesOfDay);
+    emitOnline(day, device, wakes, std::min(rests, failure));
+    emitOnline(day, device, std::max(wakes, repair), rests);
+}
+
+void Generator::emitOnline(Bucket day, int device, int from, int to)
+{
+    const Minute midnight = day * 10000;
+    if (m_options.from > midnight)
+        from = static_cast<int>(std::max<qint64>(from, minutesBetween(midnight, m_options.from)));
+    to = static_cast<int>(std::min<qint64>(to, minutesBetween(midnight, m_options.to)));
+    if (from < to)
+        m_sink.add(OnlineInterval{addMinutes(midnight, from), device, to - from});
+}
+
+class CountingSink : public EventSink
+{
+public:
+    void add(const AlarmEvent &) override { ++events; }
+    void add(const OnlineInterval &) override { }
+    void add(const TemperatureReading &) override { ++events; }
+    void add(const Snapshot &) override { ++events; }
+
+    qint64 events = 0;
+};
+
+} // namespace
+
+SampleWorld readSampleWorld(Connection &connection)
+{
+    const qint64 imported = numberOf(connection, Setting::ImportedOrganisation);
+    SampleWorld world;
+    Query devices(
+        connection, QStringLiteral("SELECT id, uid FROM source WHERE kind = ? AND orga_id <> ? ORDER BY id"));
+    devices.run(static_cast<int>(SourceKind::Device), imported);
+    while (devices.next())
+        world.devices.push_back({devices.integer("id"), devices.text("uid") != deadDeviceUid()});
+
+    // Channels that share their display name would share their bars of traffic as well.
+    Query channels(connection,
+        QStringLiteral(
+            "SELECT c.id, c.uid, d.uid AS device, d.type_id, "
+            "(SELECT COUNT(*) FROM source o WHERE o.kind = d.kind AND o.name = d.name) AS namesakes "
+            "FROM source c JOIN source d ON d.id = c.device_id "
+            "WHERE c.kind = ? AND c.orga_id <> ? ORDER BY c.id"));
+    channels.run(static_cast<int>(SourceKind::Channel), imported);
+    while (channels.next()) {
+        // Only the first channel of a recorder looks at people and vehicles.
+        const bool countsTraffic = channels.text("uid").endsWith(QLatin1String("-1"))
+            && channels.integer("type_id") != unknownDevice && channels.integer("namesakes") == 1;
+        if (channels.text("device") != deadDeviceUid())
+            world.channels.push_back({channels.integer("id"), countsTraffic});
+    }
+
+    Query persons(connection,
+        QStringLiteral("SELECT p.id FROM person p JOIN person_group g ON g.id = p.group_id "
+                       "WHERE g.orga_id <> ? ORDER BY p.id"));
+    persons.run(imported);
+    while (persons.next())
+        world.persons.push_back(persons.integer("id"));
+    return world;
+}
+
+void generateSampleEvents(
+    const SampleWorld &world, const SampleOptions &options, EventSink &sink, const Progress &progress)
+{
+    if (options.from >= options.to)
+        return;
+    Generator generator(world, options, sink);
+    const int days =
+        static_cast<int>(minutesBetween(options.from / 10000 * 10000, options.to) / minutesOfDay) + 1;
+    Bucket day = bucketOf(options.from, TimeUnit::Day);
+    for (int done = 0; done < days; ++done) {
+        generator.makeDay(day);
+        day = nextBucket(day, TimeUnit::Day);
+        if (progress)
+            progress(done + 1, days);
+    }
+}
+
+int densityForEvents(const SampleWorld &world, const SampleOptions &options, qint64 events)
+{
+    SampleOptions week = options;
+    week.to = addMinutes(week.from, 7 * minutesOfDay);
+    CountingSink sink;
+    generateSampleEvents(world, week, sink);
+    const qint64 expected =
+        sink.events * std::max<qint64>(minutesBetween(options.from, options.to), 1) / (7 * minutesOfDay);
+    return static_cast<int>(std::clamp<qint64>(events * 100 / std::max<qint64>(expected, 1), 1, 1'000'000));
+}
+
+} // namespace devdata

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Sql.h"
+
+namespace devdata {
+
+/// The version of the schema that this program writes and reads.
+int currentSchemaVersion();
+
+/// Brings the database to \a version, step by step, in one transaction. Throws StoreError, with the database
+/// left as it was, when it is of a newer version or not a database of figures at all.
+void migrate(Connection &connection, int version = currentSchemaVersion());
+
+} // namespace devdata

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Figures.h"
+
+#include <TalvixMessages/SnapStatisticsMessages.h>
+
+namespace devdata {
+
+/// Snapshots of vehicles (class 4) and pedestrians (class 2). Each has one minor type for every major type of
+/// its class, so the minor types of any major add up to the bar of the class.
+
+/// One row for each period, with every channel that saw anything in it.
+std::vector<SnapTimeSample> snapshotsOfChannels(Connection &connection, const Span &span);
+
+/// One row for each organisation of the level, sorted by both classes together.
+std::vector<SnapOrgaItem> snapshotsOfOrganisations(
+    Connection &connection, const std::vector<int> &listOrg, SumMode mode, SortOrder order, const Span &span);
+
+/// One row for each period.
+std::vector<SnapOrgaItem> snapshotsOfOrganisation(
+    Connection &connection, int organisation, SumMode mode, const Span &span);
+
+/// The majors of \a snapClass with their minor types, of a channel. Throws StoreError for an unknown class.
+std::vector<SnapDetailMajorItem> snapshotDetailsOfChannel(
+    Connection &connection, const std::string &uid, int snapClass, const Span &span);
+
+/// The same of an organisation.
+std::vector<SnapDetailMajorItem> snapshotDetailsOfOrganisation(
+    Connection &connection, int organisation, SumMode mode, int snapClass, const Span &span);
+
+} // namespace devdata

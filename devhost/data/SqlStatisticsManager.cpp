@@ -1,0 +1,301 @@
+#include "SqlStatisticsManager.h"
+
+#include "AlarmFigures.h"
+#include "OnlineFigures.h"
+#include "SnapFigures.h"
+#include "TemperatureFigures.h"
+
+#include <QtCore/QRandomGenerator>
+#include <QtCore/QThread>
+
+#include <algorithm>
+
+using namespace devdata;
+
+namespace {
+
+template <typename Request>
+Span spanOf(const Request &request)
+{
+    return parseSpan(request.timeType, request.startTime(), request.endTime());
+}
+
+Span spanOf(const StatisticsQueryOfOrga &query)
+{
+    return parseSpan(query.timeType, query.startTime, query.endTime);
+}
+
+// The list that a query type asks for.
+enum class Distribution { First = 1, Second = 2 };
+
+Distribution distributionOf(int queryType)
+{
+    if (queryType != static_cast<int>(Distribution::First)
+        && queryType != static_cast<int>(Distribution::Second))
+        throw StoreError(QStringLiteral("The query type %1 is unknown.").arg(queryType));
+    return static_cast<Distribution>(queryType);
+}
+
+template <typename Record>
+void takePage(TalvixPagedRecordsResponse<Record> &response, const TalvixPagedRecordsResponse<Record> &page)
+{
+    response.records = page.records;
+    response.curPage = page.curPage;
+    response.totalPage = page.totalPage;
+}
+
+} // namespace
+
+SqlStatisticsManager::SqlStatisticsManager(SqlStore &store)
+    : m_store(store)
+{ }
+
+SqlStatisticsManager::~SqlStatisticsManager() = default;
+
+void SqlStatisticsManager::setLatency(int milliseconds)
+{
+    m_latency = std::max(milliseconds, 0);
+}
+
+void SqlStatisticsManager::setFailureRate(int percent)
+{
+    m_failureRate = std::clamp(percent, 0, 100);
+}
+
+void SqlStatisticsManager::failNext(int queries)
+{
+    m_failures = std::max(queries, 0);
+}
+
+bool SqlStatisticsManager::isToFail()
+{
+    if (m_failures > 0) {
+        --m_failures;
+        return true;
+    }
+    return m_failureRate > QRandomGenerator::global()->bounded(100);
+}
+
+Minute SqlStatisticsManager::now() const
+{
+    return minuteOf(m_store.presentMoment());
+}
+
+// Nothing may leave an operation but its result, so this is where every failure ends.
+template <typename Answer>
+bool SqlStatisticsManager::run(const Answer &answer)
+{
+    if (m_latency > 0)
+        QThread::msleep(static_cast<unsigned long>(m_latency));
+    try {
+        if (isToFail())
+            throw StoreError(QStringLiteral("The connection to the statistics service was lost."));
+        answer(m_store.connection());
+        setLastErrorString({});
+        return true;
+    } catch (const std::exception &exception) {
+        setLastErrorString(QString::fromUtf8(exception.what()));
+    } catch (...) {
+        setLastErrorString(QStringLiteral("The statistics service failed."));
+    }
+    return false;
+}
+
+bool SqlStatisticsManager::getAlarmStatisticsOfOrgas(TalvixGetAlarmStatisticsOfOrgasRequestMessage &request,
+    TalvixGetAlarmStatisticsOfOrgasResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.records = alarmsOfOrganisations(connection, request.listOrg(), sumModeOf(request.orgType),
+            sortOrderOf(request.sortType), spanOf(request));
+    });
+}
+
+bool SqlStatisticsManager::getAlarmStatisticsOfOrga(TalvixGetAlarmStatisticsOfOrgaRequestMessage &request,
+    TalvixGetAlarmStatisticsOfOrgaResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.records =
+            alarmsOfOrganisation(connection, request.orgaId, sumModeOf(request.orgType), spanOf(request));
+    });
+}
+
+bool SqlStatisticsManager::getAlarmStatisticsOfDevices(
+    TalvixGetAlarmStatisticsOfDevicesRequestMessage &request,
+    TalvixGetAlarmStatisticsOfDevicesResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        takePage(response,
+            alarmsOfDevices(connection, request.orgaId, sortOrderOf(request.sortType),
+                pageOf(request.pageIndex, request.pageSize), spanOf(request)));
+    });
+}
+
+bool SqlStatisticsManager::getAlarmStatisticsOfDevice(TalvixGetAlarmStatisticsOfDeviceRequestMessage &request,
+    TalvixGetAlarmStatisticsOfDeviceResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.records = alarmsOfDevice(connection, request.uid(), spanOf(request));
+    });
+}
+
+bool SqlStatisticsManager::getOnlineStatisticsOfOrgas(TalvixGetOnlineStatisticsOfOrgasRequestMessage &request,
+    TalvixGetOnlineStatisticsOfOrgasResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.records = onlineOfOrganisations(connection, request.listOrg(), sumModeOf(request.orgType),
+            sortOrderOf(request.sortType), spanOf(request), now());
+    });
+}
+
+bool SqlStatisticsManager::getOnlineStatisticsOfOrga(TalvixGetOnlineStatisticsOfOrgaRequestMessage &request,
+    TalvixGetOnlineStatisticsOfOrgaResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.records = onlineOfOrganisation(
+            connection, request.orgaId, sumModeOf(request.orgType), spanOf(request), now());
+    });
+}
+
+bool SqlStatisticsManager::getOnlineStatisticsOfDevices(
+    TalvixGetOnlineStatisticsOfDevicesRequestMessage &request,
+    TalvixGetOnlineStatisticsOfDevicesResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        takePage(response,
+            onlineOfDevices(connection, request.orgaId, sortOrderOf(request.sortType),
+                pageOf(request.pageIndex, request.pageSize), spanOf(request), now()));
+    });
+}
+
+bool SqlStatisticsManager::getOnlineStatisticsOfDevice(
+    TalvixGetOnlineStatisticsOfDeviceRequestMessage &request,
+    TalvixGetOnlineStatisticsOfDeviceResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.records = onlineOfDevice(connection, request.uid(), spanOf(request), now());
+    });
+}
+
+bool SqlStatisticsManager::getTemperatureStatisticsOfGroups(
+    TalvixGetTemperatureStatisticsOfGroupsRequestMessage &request,
+    TalvixGetTemperatureStatisticsOfGroupsResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.statisticsList = readingsOfGroups(connection, request.personGorupIDList(),
+            sumModeOf(request.orgType), sortOrderOf(request.sortType), spanOf(request));
+    });
+}
+
+bool SqlStatisticsManager::getTemperatureStatisticsOfGroup(
+    TalvixGetTemperatureStatisticsOfGroupRequestMessage &request,
+    TalvixGetTemperatureStatisticsOfGroupResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.statisticsList = readingsOfGroup(connection, request.groupId, spanOf(request));
+    });
+}
+
+bool SqlStatisticsManager::getTemperatureStatisticsOfPersons(
+    TalvixGetTemperatureStatisticsOfPersonsRequestMessage &request,
+    TalvixGetTemperatureStatisticsOfPersonsResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response = readingsOfPersons(connection, request.orgaId, sortOrderOf(request.sortType),
+            pageOf(request.pageIndex, request.pageSize), spanOf(request));
+    });
+}
+
+bool SqlStatisticsManager::getTemperatureStatisticsOfPerson(
+    TalvixGetTemperatureStatisticsOfPersonRequestMessage &request,
+    TalvixGetTemperatureStatisticsOfPersonResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.statisticsList = readingsOfPerson(connection, request.personId, spanOf(request));
+    });
+}
+
+bool SqlStatisticsManager::getTempStatisticsDistributionOfGroups(
+    TalvixGetTempStatisticsDistributionOfGroupsRequestMessage &request,
+    TalvixGetTempStatisticsDistributionOfGroupsResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        const std::vector<int> &groups = request.personGorupIDList();
+        switch (distributionOf(request.queryType)) {
+        case Distribution::First:
+            response.byNumberList = readingsByNumber(connection, groups, spanOf(request));
+            break;
+        case Distribution::Second:
+            response.byEtiologyList = readingsByClass(connection, groups, spanOf(request));
+            break;
+        }
+    });
+}
+
+bool SqlStatisticsManager::getTemperatureOfDevice(
+    TalvixGetTempStatisticsDistributionOfOrgasRequestMessage &request,
+    TalvixGetTempStatisticsDistributionOfOrgasResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        const StatisticsQueryOfOrga &query = request.queryStatisticsOfOrga();
+        switch (distributionOf(query.queryType)) {
+        case Distribution::First:
+            response.byTemperatureList =
+                readingsOfOrganisations(connection, Fact::ReadingClasses, query.listOrg, spanOf(query));
+            break;
+        case Distribution::Second:
+            response.byMaskList =
+                readingsOfOrganisations(connection, Fact::MaskClasses, query.listOrg, spanOf(query));
+            break;
+        }
+    });
+}
+
+bool SqlStatisticsManager::getTempAlarmHandleStatistics(
+    TalvixGetTempAlarmHandleStatisticsOfOrgaRequestMessage &request,
+    TalvixGetTempAlarmHandleStatisticsOfOrgaResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        const StatisticsQueryOfOrga &query = request.queryStatisticsOfOrga();
+        response.handleList = handledAlarms(connection, query.listOrg, spanOf(query));
+    });
+}
+
+bool SqlStatisticsManager::getSnapSamplesResource(
+    TalvixGetSnapSamplesRequestMessage &request, TalvixGetSnapSamplesResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.snapSampleList = snapshotsOfChannels(connection, spanOf(request));
+    });
+}
+
+bool SqlStatisticsManager::getSnapDetailSamples(
+    TalvixGetSnapDetailSamplesRequestMessage &request, TalvixGetSnapDetailSamplesResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        const Span span = parseSpan(request.timeType, request.beginTime(), request.endTime());
+        response.snapDetailList = request.channelUid().empty()
+            ? snapshotDetailsOfOrganisation(
+                connection, request.orgaId, sumModeOf(request.orgType), request.majorType, span)
+            : snapshotDetailsOfChannel(connection, request.channelUid(), request.majorType, span);
+    });
+}
+
+bool SqlStatisticsManager::getTrafficsStatisticsOfOrgas(
+    TalvixGetSnapDetailSamplesOfOrgasRequestMessage &request,
+    TalvixGetSnapDetailSamplesOfOrgasResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.snapOrgaList = snapshotsOfOrganisations(connection, request.listOrg(),
+            sumModeOf(request.orgType), sortOrderOf(request.sortType), spanOf(request));
+    });
+}
+
+bool SqlStatisticsManager::getTrafficsStatisticsOfOrga(
+    TalvixGetSnapDetailSamplesOfOrgaRequestMessage &request,
+    TalvixGetSnapDetailSamplesOfOrgaResponseMessage &response)
+{
+    return run([&](Connection &connection) {
+        response.snapOrgaList =
+            snapshotsOfOrganisation(connection, request.orgaId, sumModeOf(request.orgType), spanOf(request));
+    });
+}

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "SqlStore.h"
+
+#include <TalvixWidgets/KRXClientStatisticsManager.h>
+
+/// The statistics service over a store. What it answers is told with each kind of figures: AlarmFigures.h,
+/// OnlineFigures.h, TemperatureFigures.h and SnapFigures.h. Common to all:
+///
+/// - A malformed request (time, time unit, sum mode) is refused with a reason. A span whose end is before its
+/// start,
+///   an organisation, device, group or person that does not exist: a successful answer without rows.
+/// - When nothing at all was counted there are no rows. Otherwise lines have a row for every period of the
+/// span, and
+///   bars a row for every organisation of the level, also where the figure is 0.
+/// - Of equal figures the lower number comes first.
+///
+/// For trying out how pages look when the service is slow or fails, both can be asked for.
+class SqlStatisticsManager : public KRXClientStatisticsManager
+{
+public:
+    explicit SqlStatisticsManager(SqlStore &store);
+    ~SqlStatisticsManager() override;
+
+    /// Every query takes at least this long.
+    void setLatency(int milliseconds);
+    int latency() const { return m_latency; }
+    /// So many of a hundred queries fail.
+    void setFailureRate(int percent);
+    int failureRate() const { return m_failureRate; }
+    /// The next \a queries queries fail, whatever the rate.
+    void failNext(int queries = 1);
+
+    bool getAlarmStatisticsOfOrgas(TalvixGetAlarmStatisticsOfOrgasRequestMessage &request,
+        TalvixGetAlarmStatisticsOfOrgasResponseMessage &response) override;
+    bool getAlarmStatisticsOfOrga(TalvixGetAlarmStatisticsOfOrgaRequestMessage &request,
+        TalvixGetAlarmStatisticsOfOrgaResponseMessage &response) override;
+    bool getAlarmStatisticsOfDevices(TalvixGetAlarmStatisticsOfDevicesRequestMessage &request,
+        TalvixGetAlarmStatisticsOfDevicesResponseMessage &response) override;
+    bool getAlarmStatisticsOfDevice(TalvixGetAlarmStatisticsOfDeviceRequestMessage &request,
+        TalvixGetAlarmStatisticsOfDeviceResponseMessage &response) override;
+    bool getOnlineStatisticsOfOrgas(TalvixGetOnlineStatisticsOfOrgasRequestMessage &request,
+        TalvixGetOnlineStatisticsOfOrgasResponseMessage &response) override;
+    bool getOnlineStatisticsOfOrga(TalvixGetOnlineStatisticsOfOrgaRequestMessage &request,
+        TalvixGetOnlineStatisticsOfOrgaResponseMessage &response) override;
+    bool getOnlineStatisticsOfDevices(TalvixGetOnlineStatisticsOfDevicesRequestMessage &request,
+        TalvixGetOnlineStatisticsOfDevicesResponseMessage &response) override;
+    bool getOnlineStatisticsOfDevice(TalvixGetOnlineStatisticsOfDeviceRequestMessage &request,
+        TalvixGetOnlineStatisticsOfDeviceResponseMessage &response) override;
+    bool getTemperatureStatisticsOfGroups(TalvixGetTemperatureStatisticsOfGroupsRequestMessage &request,
+        TalvixGetTemperatureStatisticsOfGroupsResponseMessage &response) override;
+    bool getTemperatureStatisticsOfGroup(TalvixGetTemperatureStatisticsOfGroupRequestMessage &request,
+        TalvixGetTemperatureStatisticsOfGroupResponseMessage &response) override;
+    bool getTemperatureStatisticsOfPersons(TalvixGetTemperatureStatisticsOfPersonsRequestMessage &request,
+        TalvixGetTemperatureStatisticsOfPersonsResponseMessage &response) override;
+    bool getTemperatureStatisticsOfPerson(TalvixGetTemperatureStatisticsOfPersonRequestMessage &request,
+        TalvixGetTemperatureStatisticsOfPersonResponseMessage &response) override;
+    bool getTempStatisticsDistributionOfGroups(
+        TalvixGetTempStatisticsDistributionOfGroupsRequestMessage &request,
+        TalvixGetTempStatisticsDistributionOfGroupsResponseMessage &response) override;
+    bool getTemperatureOfDevice(TalvixGetTempStatisticsDistributionOfOrgasRequestMessage &request,
+        TalvixGetTempStatisticsDistributionOfOrgasResponseMessage &response) override;
+    bool getTempAlarmHandleStatistics(TalvixGetTempAlarmHandleStatisticsOfOrgaRequestMessage &request,
+        TalvixGetTempAlarmHandleStatisticsOfOrgaResponseMessage &response) override;
+    bool getSnapSamplesResource(
+        TalvixGetSnapSamplesRequestMessage &request, TalvixGetSnapSamplesResponseMessage &response) override;
+    bool getSnapDetailSamples(TalvixGetSnapDetailSamplesRequestMessage &request,
+        TalvixGetSnapDetailSamplesResponseMessage &response) override;
+    bool getTrafficsStatisticsOfOrgas(TalvixGetSnapDetailSamplesOfOrgasRequestMessage &request,
+        TalvixGetSnapDetailSamplesOfOrgasResponseMessage &response) override;
+    bool getTrafficsStatisticsOfOrga(TalvixGetSnapDetailSamplesOfOrgaRequestMessage &request,
+        TalvixGetSnapDetailSamplesOfOrgaResponseMessage &response) override;
+
+private:
+    template <typename Answer>
+    bool run(const Answer &answer);
+    bool isToFail();
+    devdata::Minute now() const;
+
+    SqlStore &m_store;
+    int m_latency = 0;
+    int m_failureRate = 0;
+    int m_failures = 0;
+};
