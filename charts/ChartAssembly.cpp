@@ -1,0 +1,230 @@
+#include "page/BasicChart.h"
+#include "page/ServiceTypes.h"
+#include "page/Texts.h"
+
+#include "ui_BasicChart.h"
+
+#include <TalvixWidgets/ZrChartView.h>
+
+#include <QtCharts/QChart>
+#include <QtCore/QDebug>
+#include <QtCore/QMutexLocker>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+enum View : int { BarView, LineView, PieView };
+
+constexpr QSize pageButtonSize(48, 64);
+constexpr int pageButtonStretch = 1;
+constexpr int viewStretch = 20;
+constexpr int pieModeWidth = 150;
+constexpr QRgb windowColour = 0x191A1E;
+constexpr QRgb windowTextColour = 0xD6D6D6;
+
+} // namespace
+
+void BasicChart::loadChart()
+{
+    qDebug() << "BasicChart::loadChart";
+    if (!barDataList.isEmpty())
+        m_strSelectedBar = barDataList.constFirst().first;
+    if (m_chartViewList.isEmpty()) {
+        qDebug() << "BasicChart::loadChart  frist loadcharts";
+        firstLoadCharts();
+    } else {
+        qDebug() << "BasicChart::loadChart reloadcharts";
+        replaceChart(BarView, &BasicChart::barChart);
+        reloadLineAndPieChart();
+        if (barDataList.isEmpty()) {
+            qDebug() << "BasicChart::loadChart  barDataList is empty";
+            return;
+        }
+    }
+    fillPieModes();
+    finishChartChange();
+}
+
+void BasicChart::firstLoadCharts()
+{
+    loadBarView();
+    loadLineView();
+    if (!serviceType().pieless)
+        loadPieView();
+    if (!comboBoxPie) {
+        comboBoxPie = new QComboBox(pieChartView);
+        comboBoxPie->setObjectName(QStringLiteral("comboBoxPie"));
+    }
+    comboBoxPie->setFixedWidth(pieModeWidth);
+    comboBoxPie->hide();
+    connect(comboBoxPie, SIGNAL(activated(int)), this, SLOT(slot_switchPieType(int)));
+    connect(this, &BasicChart::barSetChanged, this, &BasicChart::slotBarSetChanged);
+    for (ZrChartView *view : std::as_const(m_chartViewList))
+        connect(view, &ZrChartView::mouseMoved, this, &BasicChart::slotRecvMouseMove);
+}
+
+void BasicChart::loadBarView()
+{
+    barChartView = addChartView(barChart());
+    auto *column = new QVBoxLayout(ui->widgetBarChart);
+    auto *row = new QHBoxLayout;
+    if (serviceType().paged)
+        addPageButtons(row);
+    else
+        row->addWidget(barChartView);
+    column->addLayout(row);
+    ui->widgetBarChart->setLayout(column);
+}
+
+void BasicChart::addPageButtons(QHBoxLayout *row)
+{
+    pushButtonPrevious = new ZrPushButton(ui->widgetBarChart);
+    pushButtonPrevious->setObjectName(QStringLiteral("pushButtonPrevious"));
+    pushButtonPrevious->setToolTip(Texts::sentence("TK_PreviousPage"));
+    pushButtonNext = new ZrPushButton(ui->widgetBarChart);
+    pushButtonNext->setObjectName(QStringLiteral("pushButtonNext"));
+    pushButtonNext->setToolTip(Texts::sentence("TK_NextPage"));
+    for (ZrPushButton *button : {pushButtonPrevious, pushButtonNext}) {
+        button->hide();
+        button->setFixedSize(pageButtonSize.width(), pageButtonSize.height());
+    }
+    row->addWidget(pushButtonPrevious, pageButtonStretch);
+    row->addWidget(barChartView, viewStretch);
+    row->addWidget(pushButtonNext, pageButtonStretch);
+    connect(pushButtonPrevious, &QAbstractButton::clicked, this, &BasicChart::slotPrevious);
+    connect(pushButtonNext, &QAbstractButton::clicked, this, &BasicChart::slotNext);
+}
+
+void BasicChart::loadLineView()
+{
+    lineChartView = addChartView(lineChart());
+    auto *column = new QVBoxLayout(ui->widgetLineChart);
+    column->addWidget(lineChartView);
+    ui->widgetLineChart->setLayout(column);
+}
+
+void BasicChart::loadPieView()
+{
+    pieChartView = addChartView(createPieChart());
+    if (!labelPiecount) {
+        labelPiecount = new QLabel(pieChartView);
+        labelPiecount->setObjectName(QStringLiteral("labelPiecount"));
+    }
+    labelPiecount->hide();
+    auto *column = new QVBoxLayout(ui->widgetPieChart);
+    column->addWidget(pieChartView);
+    ui->widgetPieChart->setLayout(column);
+}
+
+ZrChartView *BasicChart::addChartView(QChart *chart)
+{
+    auto *view = new ZrChartView(chart, nullptr);
+    m_chartViewList.append(view);
+    return view;
+}
+
+void BasicChart::fillPieModes()
+{
+    switch (serviceType().pieModes) {
+    case ServiceTypeRow::PieModes::SnapMajorTypes:
+        offerSnapMajorTypes(openSnapClass());
+        break;
+    case ServiceTypeRow::PieModes::GroupDistribution:
+        offerModes({{"TK_ByEtiology", 2}, {"TK_ByNumber", 1}});
+        comboBoxPie->setCurrentIndex(0);
+        break;
+    case ServiceTypeRow::PieModes::DeviceDistribution: {
+        const int chosen = comboBoxPie->currentIndex();
+        offerModes({{"TK_ByTemperature", 1}, {"TK_ByMask", 2}});
+        comboBoxPie->setCurrentIndex(chosen == 0 || chosen == 1 ? chosen : 0);
+        break;
+    }
+    case ServiceTypeRow::PieModes::None:
+        break;
+    }
+}
+
+void BasicChart::offerModes(std::initializer_list<std::pair<const char *, int>> modes)
+{
+    comboBoxPie->clear();
+    for (const auto &[key, mode] : modes)
+        comboBoxPie->addItem(Texts::sentence(key), mode);
+}
+
+QChart *BasicChart::barChart()
+{
+    return serviceType().dual() ? createDualBarChart() : createBarChart();
+}
+
+QChart *BasicChart::lineChart()
+{
+    return serviceType().dual() ? createDualLineChart() : createLineChart();
+}
+
+// The old chart must be on its way out before the view lets go of it: deleting it while it is shown crashes.
+void BasicChart::replaceChart(int view, QChart *(BasicChart::*builder)())
+{
+    if (view >= m_chartViewList.size())
+        return;
+    ZrChartView *chartView = m_chartViewList.at(view);
+    chartView->chart()->deleteLater();
+    QChart *chart = (this->*builder)();
+    // At its final size from the start, the chart is laid out once.
+    chart->resize(chartView->size());
+    chartView->setChart(chart);
+}
+
+void BasicChart::reloadLineAndPieChart()
+{
+    replaceChart(LineView, &BasicChart::lineChart);
+    if (!serviceType().pieless)
+        replaceChart(PieView, &BasicChart::createPieChart);
+    finishChartChange();
+}
+
+void BasicChart::reloadPieChart()
+{
+    if (ui->widgetPie->isVisible())
+        replaceChart(PieView, &BasicChart::createPieChart);
+    finishChartChange();
+}
+
+void BasicChart::finishChartChange()
+{
+    setChartRenderHint(true);
+    setChartPalette();
+    updateChartOverlays();
+}
+
+void BasicChart::setChartRenderHint(bool on)
+{
+    for (ZrChartView *view : std::as_const(m_chartViewList)) {
+        view->setRenderHint(QPainter::Antialiasing, on);
+        view->chart()->setAnimationOptions(QChart::SeriesAnimations);
+        view->chart()->setBackgroundBrush(QBrush(Qt::transparent));
+    }
+}
+
+void BasicChart::setChartPalette()
+{
+    QPalette palette = window()->palette();
+    palette.setBrush(QPalette::All, QPalette::Window, QBrush(QColor(windowColour)));
+    palette.setBrush(QPalette::All, QPalette::WindowText, QBrush(QColor(windowTextColour)));
+    window()->setPalette(palette);
+}
+
+int BasicChart::getMaxValue(const QList<int> &values)
+{
+    int maximum = 0;
+    if (!values.isEmpty()) {
+        const QMutexLocker lock(&m_mutex);
+        maximum = *std::max_element(values.cbegin(), values.cend());
+    }
+    qDebug() << "BasicChart::getMaxValue " << maximum;
+    return maximum;
+}

@@ -1,0 +1,219 @@
+#include "page/BasicChart.h"
+#include "page/ServiceTypes.h"
+#include "page/Texts.h"
+
+#include "ChartLook.h"
+#include "ui_BasicChart.h"
+
+#include <TalvixWidgets/AppTranslationHelper.h>
+#include <TalvixWidgets/ZrChartView.h>
+
+#include <QtCharts/QChart>
+#include <QtCharts/QLegend>
+#include <QtCharts/QPieSeries>
+#include <QtCharts/QPieSlice>
+#include <QtCore/QDebug>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+
+#include <algorithm>
+
+namespace {
+
+constexpr double pieSize = 0.86;
+constexpr double holeSize = 0.618;
+constexpr int slicesKept = 8;
+
+struct ClassColour
+{
+    const char *nameKey;
+    const char *colourKey;
+};
+
+constexpr ClassColour classColours[] = {
+    {"TK_NormalTemperature", "$word_normaltemp"},
+    {"TK_OvertemperatureOfHighTemperature", "$word_overtemp"},
+    {"TK_LowTemp", "$word_lowtemp"},
+    {"TK_AbnormalTemperature", "$word_anormaltemp"},
+    {"TK_MaskWeared", "$word_weared"},
+    {"TK_MaskUncovered", "$word_uncovered"},
+    {"TK_MaskUndetected", "$word_undetected"},
+};
+
+// Largest first, what is left over last; from the ninth slice on all is left over.
+void orderSlices(LabelledValues &slices)
+{
+    std::stable_sort(
+        slices.begin(), slices.end(), [](const auto &a, const auto &b) { return a.second > b.second; });
+
+    const QString other = Texts::sentence("TK_Other");
+    const auto leftOver = std::find_if(
+        slices.begin(), slices.end(), [&other](const auto &slice) { return slice.first == other; });
+    if (leftOver != slices.end())
+        std::rotate(leftOver, leftOver + 1, slices.end());
+
+    if (slices.size() <= slicesKept)
+        return;
+    const int sum = wrappingTotal(slices.mid(slicesKept));
+    slices.resize(slicesKept);
+    slices.append({other, sum});
+}
+
+QString legendText(const std::pair<QString, int> &slice, int total)
+{
+    const double percentage = slice.second * 100.0 / total;
+    const QString figures =
+        Texts::sentence(" | %1% %2").arg(percentage, 5, 'f', 1, QLatin1Char(' ')).arg(slice.second);
+    return slice.first + figures;
+}
+
+QList<QColor> positionColours()
+{
+    return {ChartLook::themeColour("$background_chart_color_1"), QColor(225, 79, 113), QColor(67, 178, 249),
+        QColor(249, 206, 79), QColor(159, 80, 255), QColor(182, 182, 182)};
+}
+
+void colourByClass(QPieSlice &slice, const QString &name)
+{
+    for (const ClassColour &known : classColours) {
+        if (name == Texts::sentence(known.nameKey)) {
+            slice.setColor(ChartLook::themeColour(known.colourKey));
+            return;
+        }
+    }
+}
+
+} // namespace
+
+QChart *BasicChart::createPieChart()
+{
+    ui->labelPieChartTitle->setText(getChartTitle(ui->labelPieChartTitle));
+    auto *chart = new QChart;
+    auto *series = new QPieSeries(chart);
+    series->setPieSize(pieSize);
+    series->setHoleSize(holeSize);
+    const int total = wrappingTotal(pieDataList);
+    orderSlices(pieDataList);
+    m_pieLabels.reset();
+    appendSlices(*series, total);
+    connect(series, &QPieSeries::hovered, this, &BasicChart::slotPieSelected);
+    chart->addSeries(series);
+    chart->legend()->setMarkerShape(QLegend::MarkerShapeCircle);
+    ChartLook::showLegend(*chart, Qt::AlignRight);
+    chart->legend()->setBackgroundVisible(false);
+    ChartLook::keepLegendReadable(*chart);
+    // The pane may get its size after the chart; the total in its middle follows.
+    connect(chart, &QGraphicsWidget::geometryChanged, this, [this] {
+        if (labelPiecount && !labelPiecount->isHidden())
+            updatePieCount();
+    });
+    ChartLook::removeMargins(*chart);
+    qDebug() << "createPieChart";
+    return chart;
+}
+
+void BasicChart::appendSlices(QPieSeries &series, int total)
+{
+    const bool byClass = serviceType().pieModes == ServiceTypeRow::PieModes::DeviceDistribution;
+    const QList<QColor> colours = positionColours();
+    for (int i = 0; i < pieDataList.size(); ++i) {
+        const auto &entry = pieDataList.at(i);
+        QPieSlice *slice = series.append(legendText(entry, total), entry.second);
+        slice->setBorderColor(Qt::transparent);
+        if (byClass)
+            colourByClass(*slice, entry.first);
+        else if (i < colours.size())
+            slice->setColor(colours.at(i));
+    }
+}
+
+void BasicChart::slot_switchPieChart(QAbstractButton *)
+{
+    pieDataList.clear();
+    const QList<int> majorTypes = openSnapClass();
+    if (!comboBoxPie)
+        return;
+    offerSnapMajorTypes(majorTypes);
+    reloadPieChart();
+}
+
+QList<int> BasicChart::openSnapClass()
+{
+    const std::vector<SnapDetailMajorItem> items = snapDetailMap.value(chosenSnapClass());
+    QList<int> majorTypes;
+    for (const SnapDetailMajorItem &item : items)
+        majorTypes.append(item.majorType);
+    if (!majorTypes.isEmpty())
+        setSnapMinorPieList(items, majorTypes.constFirst());
+    return majorTypes;
+}
+
+void BasicChart::offerSnapMajorTypes(const QList<int> &majorTypes)
+{
+    comboBoxPie->clear();
+    for (const int type : majorTypes)
+        comboBoxPie->addItem(AppTranslationHelper::instance()->getSnapDetailMajorTypeName(type), type);
+    if (!majorTypes.isEmpty())
+        comboBoxPie->setCurrentIndex(0);
+}
+
+void BasicChart::slot_switchPieType(int index)
+{
+    if (!comboBoxPie)
+        return;
+    const int mode = comboBoxPie->itemData(index, Qt::UserRole).toInt();
+    switch (serviceType().pieModes) {
+    case ServiceTypeRow::PieModes::SnapMajorTypes:
+        if (snapDetailMap.contains(chosenSnapClass()))
+            setSnapMinorPieList(snapDetailMap.value(chosenSnapClass()), mode);
+        break;
+    case ServiceTypeRow::PieModes::GroupDistribution:
+        switchGroupDistribution(mode);
+        break;
+    case ServiceTypeRow::PieModes::DeviceDistribution:
+        switchDeviceDistribution(mode);
+        break;
+    case ServiceTypeRow::PieModes::None:
+        break;
+    }
+    reloadPieChart();
+}
+
+void BasicChart::switchGroupDistribution(int mode)
+{
+    constexpr int byNumber = 1;
+    constexpr int byEtiology = 2;
+    if (mode == byEtiology) {
+        setEtiologyPieList(etiologyDistribution);
+        loadChart();
+    } else if (mode == byNumber) {
+        setNumberPieList(numberDistribution);
+        emptyAllCharts();
+    }
+}
+
+void BasicChart::switchDeviceDistribution(int mode)
+{
+    constexpr int byTemperature = 1;
+    constexpr int byMask = 2;
+    if (mode == byTemperature)
+        setTemperaturePieList(temperatureDistribution);
+    else if (mode == byMask)
+        setMaskPieList(maskDistribution);
+    loadChart();
+}
+
+// Counts by number belong to no bar and no period, so bars and line stand empty until another mode is chosen.
+void BasicChart::emptyAllCharts()
+{
+    for (ZrChartView *view : std::as_const(m_chartViewList)) {
+        QChart *chart = view->chart();
+        const QList<QAbstractSeries *> allSeries = chart->series();
+        for (QAbstractSeries *series : allSeries) {
+            chart->removeSeries(series);
+            series->deleteLater();
+        }
+        chart->removeAllSeries();
+        ChartLook::removeAxisX(*chart);
+    }
+}

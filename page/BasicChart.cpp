@@ -1,0 +1,43 @@
+#include "BasicChart.h"
+
+#include "ServiceTypes.h"
+#include "ui_BasicChart.h"
+
+#include <QtCore/QDebug>
+#include <QtWidgets/QComboBox>
+
+BasicChart::BasicChart(QWidget *parent, int type)
+    : BaseWidget(parent, {})
+    , ui(new Ui::BasicChart)
+    , m_serviceType(type)
+{
+    ui->setupUi(this);
+    ui->lineEditTime->setObjectName(QStringLiteral("lineEditTime"));
+}
+
+BasicChart::~BasicChart()
+{
+    if (comboBoxPie && !comboBoxPie->parentWidget())
+        delete comboBoxPie;
+    delete ui;
+}
+
+void BasicChart::setServiceType(int type)
+{
+    if (type != m_serviceType) {
+        m_serviceType = type;
+        qDebug() << "setServiceType type:" << m_serviceType;
+    }
+    const ServiceTypeRow &row = serviceType();
+    if (row.pieless)
+        ui->widgetPie->setVisible(false);
+    if (row.orgTypeHidden)
+        ui->comboBoxOrgType->setVisible(false);
+    ui->carRadio->setVisible(row.snapClassShown);
+    ui->personRadio->setVisible(row.snapClassShown);
+}
+
+const BasicChart::ServiceTypeRow &BasicChart::serviceType() const
+{
+    return ServiceTypeRow::of(m_serviceType);
+}

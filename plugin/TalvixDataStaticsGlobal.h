@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QtCore/qglobal.h>
+
+#ifdef TALVIXDATASTATICS_LIBRARY
+#define TALVIXDATASTATICS_EXPORT Q_DECL_EXPORT
+#else
+#define TALVIXDATASTATICS_EXPORT Q_DECL_IMPORT
+#endif

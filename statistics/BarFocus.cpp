@@ -1,0 +1,145 @@
+#include "page/BasicChart.h"
+#include "page/ServiceTypes.h"
+
+#include "charts/UserData.h"
+#include "ui_BasicChart.h"
+
+#include <QtCharts/QBarSet>
+#include <QtCore/QDebug>
+#include <QtCore/QTimer>
+#include <QtCore/QVariant>
+#include <QtGui/QCursor>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int focusDelayMs = 800;
+constexpr int descending = 1;
+constexpr int ascending = 2;
+
+QString numberText(double value)
+{
+    return QStringLiteral("%1").arg(value, 0, 'g', -1, QLatin1Char(' '));
+}
+
+} // namespace
+
+int BasicChart::sortType() const
+{
+    return sortFlag ? descending : ascending;
+}
+
+void BasicChart::on_pushButtonAsc_clicked()
+{
+    sortBars(false);
+    setButtonHighlight(ui->pushButtonAsc, true);
+    setButtonHighlight(ui->pushButtonDesc, false);
+    sortFlag = false;
+    qDebug() << "BasicChart::on_pushButtonAsc_clicked";
+}
+
+void BasicChart::on_pushButtonDesc_clicked()
+{
+    sortBars(true);
+    setButtonHighlight(ui->pushButtonAsc, false);
+    setButtonHighlight(ui->pushButtonDesc, true);
+    sortFlag = true;
+    qDebug() << "BasicChart::on_pushButtonDesc_clicked";
+}
+
+// Descending is ascending read backwards. So tied bars keep their order when they descend, and turn round
+// with each press when they ascend.
+void BasicChart::sortBars(bool descend)
+{
+    const auto sorted = [descend](const LabelledValues &list) {
+        LabelledValues result = sortBarList(list);
+        if (descend)
+            std::reverse(result.begin(), result.end());
+        return result;
+    };
+    barDataList2 = sorted(barDataList2);
+    m_bar2Labels.reset();
+    const LabelledValues bars = sorted(barDataList);
+    if (bars != barDataList) {
+        barDataList = bars;
+        m_barLabels.reset();
+        refreshAfterBarSort();
+    }
+}
+
+void BasicChart::refreshAfterBarSort()
+{
+    if (devDataList.isEmpty() || barDataList.isEmpty())
+        return;
+    const int index = m_deviceNames.indexOf(devDataList, barDataList.constFirst().first);
+    if (index < 0)
+        return;
+    const QString key = devDataList.at(index).second;
+    getChartDataByBarId(key);
+    loadChart();
+}
+
+void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
+{
+    if (!barset)
+        return;
+    if (!state || index < 0 || index >= barDataList.size()) {
+        hideCallout();
+        return;
+    }
+    qDebug() << "BasicChart::slotBarSelected index " << index << "size" << barDataList.size();
+    const ServiceTypeRow &row = serviceType();
+    const QString time = ui->lineEditTime->text();
+    if (row.dual()) {
+        const QString label = barset->label();
+        showCallout(m_strToolTipFormat.arg(time, label, numberText(barset->at(index))), QCursor::pos());
+        if (label != m_strSelectedBar) {
+            const QVariant item = barset->property(UserData::propertyName(index).constData());
+            if (const UserData *bar = item.value<UserData *>())
+                focusBar(bar->label);
+        }
+        return;
+    }
+    const auto &[name, value] = barDataList.at(index);
+    const QString figure = row.calloutInPercent ? numberText(value) + QLatin1Char('%') : numberText(value);
+    showCallout(m_strToolTipFormat.arg(time, name, figure), QCursor::pos());
+    if (name != m_strSelectedBar)
+        focusBar(name);
+}
+
+void BasicChart::focusBar(const QString &name)
+{
+    m_strSelectedBar = name;
+    m_pTimer->start(focusDelayMs);
+}
+
+void BasicChart::slotBarSetChanged(QString &barId)
+{
+    if (devDataList.isEmpty())
+        return;
+    const int index = m_deviceNames.indexOf(devDataList, barId);
+    if (index < 0)
+        return;
+    qDebug() << "BasicChart::slotBarSetChanged bar  id " << barId << "index" << index << "size"
+             << devDataList.size();
+    const QString key = devDataList.at(index).second;
+    getChartDataByBarId(key);
+    reloadLineAndPieChart();
+}
+
+void BasicChart::slotNext()
+{
+    if (m_nCurPage >= m_nTotalPage)
+        return;
+    ++m_nCurPage;
+    slotSearch();
+}
+
+void BasicChart::slotPrevious()
+{
+    if (m_nCurPage < 2)
+        return;
+    --m_nCurPage;
+    slotSearch();
+}

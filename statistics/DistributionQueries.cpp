@@ -1,0 +1,173 @@
+#include "QueryShapes.h"
+
+#include <QtCore/QCalendar>
+#include <QtCore/QDateTime>
+#include <QtWidgets/QComboBox>
+
+namespace {
+
+enum DistributionOfGroups : int { ByNumber = 1, ByEtiology = 2 };
+enum DistributionOfDevGroups : int { ByTemperature = 1, ByMask = 2 };
+enum HandleState : int { NotAccepted = 0, Accepted = 2 };
+
+constexpr int alarmHandling = 1;
+
+// Months of device groups are asked for by their first day.
+QString firstDayOfMonth(const QString &month)
+{
+    return QDateTime::fromString(month, QStringLiteral("yyyy-MM"), QCalendar())
+        .toString(QStringLiteral("yyyy-MM-dd"));
+}
+
+} // namespace
+
+void BasicChart::drillIntoGroup(const QString &key)
+{
+    getTemperatureOfGroup(key);
+    getTempStatisticsDistributionOfGroups(key, ByEtiology);
+    getTempStatisticsDistributionOfGroups(key, ByNumber);
+    if (etiologyDistribution.empty() && numberDistribution.empty())
+        Query::tipNoRecords(*this);
+    else
+        setEtiologyPieList(etiologyDistribution);
+}
+
+void BasicChart::drillIntoDeviceGroup(const QString &key)
+{
+    getTemperatureStatisticsOfDevGroups(key, ByTemperature);
+    getTemperatureStatisticsOfDevGroups(key, ByMask);
+    if (temperatureDistribution.empty() && maskDistribution.empty()) {
+        Query::tipNoRecords(*this);
+        return;
+    }
+    const int mode = comboBoxPie ? comboBoxPie->currentData(Qt::UserRole).toInt() : ByTemperature;
+    if (mode == ByTemperature)
+        setTemperaturePieList(temperatureDistribution);
+    else if (mode == ByMask)
+        setMaskPieList(maskDistribution);
+}
+
+// A refused call leaves the answer of an earlier bar in place, and the pie shows it.
+void BasicChart::getTempStatisticsDistributionOfGroups(const QString &key, int queryType)
+{
+    TalvixGetTempStatisticsDistributionOfGroupsRequestMessage request;
+    Query::setSpan(*this, request);
+    request.userId = m_curUser.get_id();
+    request.timeType = m_nTimeType;
+    request.queryType = queryType;
+    request.setPersonGorupIDList({key.toInt()});
+    request.orgType = selectedOrgType();
+    TalvixGetTempStatisticsDistributionOfGroupsResponseMessage response;
+    if (!Query::ask(&KRXClientStatisticsManager::getTempStatisticsDistributionOfGroups, request, response)) {
+        Query::tipFailed(*this);
+        qDebug() << "BasicChart::getTempStatisticsDistributionOfGroups fail" << Query::lastError();
+        return;
+    }
+    if (queryType != ByNumber && queryType != ByEtiology)
+        return;
+    auto &distribution = queryType == ByNumber ? numberDistribution : etiologyDistribution;
+    distribution = queryType == ByNumber ? response.byNumberList : response.byEtiologyList;
+    if (distribution.empty())
+        qDebug() << "getTempStatisticsDistributionOfGroups records is empty";
+    else
+        qDebug() << "getTempStatisticsDistributionOfGroups success";
+}
+
+StatisticsQueryOfOrga BasicChart::deviceGroupQuery(int queryType)
+{
+    QString start;
+    QString end;
+    currentTimeRange(start, end);
+    if (m_nTimeType == ZrCalendarWidget::Month) {
+        start = firstDayOfMonth(start);
+        end = firstDayOfMonth(end);
+    }
+    StatisticsQueryOfOrga query;
+    query.queryType = queryType;
+    query.startTime = start.toStdString();
+    query.endTime = end.toStdString();
+    query.timeType = m_nTimeType;
+    query.listOrg = getOrgaIDList();
+    query.userId = m_curUser.get_id();
+    return query;
+}
+
+int BasicChart::getTemperatureStatisticsOfDevGroups()
+{
+    TalvixGetTempAlarmHandleStatisticsOfOrgaRequestMessage request;
+    request.setQueryStatisticsOfOrga(deviceGroupQuery(alarmHandling));
+    TalvixGetTempAlarmHandleStatisticsOfOrgaResponseMessage response;
+    if (!Query::ask(&KRXClientStatisticsManager::getTempAlarmHandleStatistics, request, response)) {
+        qDebug() << "BasicChart::getTemperatureStatisticsOfDevGroups fail" << Query::lastError();
+        return Failed;
+    }
+    tempAlarmHandleList = response.handleList;
+    if (tempAlarmHandleList.empty()) {
+        qDebug() << "BasicChart::getTemperatureStatisticsOfDevGroups records is empty";
+        return NoRecords;
+    }
+    clearBarChartData();
+    setTempAlarmBarItem(getOrgaIDList().at(0), tempAlarmHandleList);
+    if (barDataList.isEmpty() || devDataList.isEmpty())
+        qDebug() << "setGroupsBarList is empty";
+    else
+        openFirstBar();
+    return Success;
+}
+
+void BasicChart::setTempAlarmBarItem(const int &id, const std::vector<TempAlarmHandleItem> &records)
+{
+    int accepted = 0;
+    int notAccepted = 0;
+    for (const TempAlarmHandleItem &record : records) {
+        if (record.handleState == Accepted)
+            accepted = wrappingSum(accepted, record.count);
+        else if (record.handleState == NotAccepted)
+            notAccepted = wrappingSum(notAccepted, record.count);
+    }
+    foldOrgaBar(id, accepted, notAccepted);
+}
+
+void BasicChart::foldOrgaBar(int id, int first, int second)
+{
+    const QString name = organisationName(id);
+    const QString key = QString::number(id);
+    if (m_deviceKeys.indexOfKey(devDataList, key) < 0)
+        devDataList.append({name, key});
+    fold(barDataList, m_barLabels, name, first);
+    fold(barDataList2, m_bar2Labels, name, second);
+}
+
+// The answer is for the organisation of the page whatever the bar: there is one bar.
+void BasicChart::getTemperatureStatisticsOfDevGroups(const QString &, int queryType)
+{
+    lineNames = {Texts::sentence("TK_AlarmAccepted"), Texts::sentence("TK_AlarmUnAccepted")};
+    setTempAlarmLineList(tempAlarmHandleList);
+    TalvixGetTempStatisticsDistributionOfOrgasRequestMessage request;
+    request.setQueryStatisticsOfOrga(deviceGroupQuery(queryType));
+    TalvixGetTempStatisticsDistributionOfOrgasResponseMessage response;
+    if (!Query::ask(&KRXClientStatisticsManager::getTemperatureOfDevice, request, response)) {
+        qDebug() << "BasicChart::getTemperatureStatisticsOfDevGroups fail" << Query::lastError();
+        return;
+    }
+    if (queryType != ByTemperature && queryType != ByMask)
+        return;
+    auto &distribution = queryType == ByTemperature ? temperatureDistribution : maskDistribution;
+    distribution = queryType == ByTemperature ? response.byTemperatureList : response.byMaskList;
+    if (distribution.empty())
+        qDebug() << "BasicChart::getTemperatureStatisticsOfDevGroups records is empty";
+}
+
+void BasicChart::setTempAlarmLineList(const std::vector<TempAlarmHandleItem> &records)
+{
+    clearPieAndLineChartData();
+    for (const TempAlarmHandleItem &record : records)
+        setTempAlarmLineItem(record);
+}
+
+void BasicChart::setTempAlarmLineItem(const TempAlarmHandleItem &record)
+{
+    const QString time = QString::fromStdString(record.time);
+    fold(lineDataList, m_lineLabels, time, record.handleState == Accepted ? record.count : 0);
+    fold(lineDataList2, m_line2Labels, time, record.handleState == NotAccepted ? record.count : 0);
+}

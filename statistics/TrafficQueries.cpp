@@ -1,0 +1,219 @@
+#include "QueryShapes.h"
+
+#include "SnapClass.h"
+#include "ui_BasicChart.h"
+
+#include <TalvixWidgets/KrxClient.h>
+
+#include <algorithm>
+
+namespace {
+
+enum SnapDetailMode : int { ByDevice = 1, ByOrganisation = 2 };
+
+struct SnapSums
+{
+    int vehicles = 0;
+    int pedestrians = 0;
+};
+
+SnapSums sumUp(const std::vector<SnapTypeCount> &counts)
+{
+    SnapSums sums;
+    for (const SnapTypeCount &entry : counts) {
+        if (entry.snapType == SnapClass::Vehicle)
+            sums.vehicles = wrappingSum(sums.vehicles, entry.count);
+        else if (entry.snapType == SnapClass::Pedestrian)
+            sums.pedestrians = wrappingSum(sums.pedestrians, entry.count);
+    }
+    return sums;
+}
+
+bool hasFigures(const SnapTimeSample &sample)
+{
+    return std::any_of(sample.channels.cbegin(), sample.channels.cend(),
+        [](const SnapChannelSample &channel) { return !channel.typeCounts.empty(); });
+}
+
+} // namespace
+
+int BasicChart::getTrafficsStatisticsOfDevice()
+{
+    qDebug() << "BasicChart::getTrafficsStatisticsOfDevice";
+    TalvixGetSnapSamplesRequestMessage request;
+    request.setCmd("get_snap_samples");
+    request.timeType = m_nTimeType;
+    Query::setSpan(*this, request);
+    TalvixGetSnapSamplesResponseMessage response;
+    if (!Query::ask(&KRXClientStatisticsManager::getSnapSamplesResource, request, response)) {
+        qDebug() << "BasicChart::getTrafficsStatisticsOfDevice fail" << Query::lastError();
+        return Failed;
+    }
+    snapSamples = response.snapSampleList;
+    if (snapSamples.empty()) {
+        qDebug() << "BasicChart::getTrafficsStatisticsOfDevice records is empty";
+        return NoRecords;
+    }
+    if (std::none_of(snapSamples.cbegin(), snapSamples.cend(), hasFigures))
+        return NoRecords;
+    setBarList(response.snapSampleList);
+    return Success;
+}
+
+void BasicChart::setBarList(const std::vector<SnapTimeSample> &samples)
+{
+    clearBarChartData();
+    for (const SnapTimeSample &sample : samples) {
+        for (const SnapChannelSample &channel : sample.channels)
+            setTrafficDeviceBarItem(channel.channelUid, channel.typeCounts);
+    }
+    if (!barDataList.isEmpty() && !devDataList.isEmpty())
+        openFirstBar();
+}
+
+// A channel that got its address for a label keeps it for its first period only: the figures of later periods
+// land on the bar of the channel that bears the name itself.
+void BasicChart::setTrafficDeviceBarItem(const std::string &uid, const std::vector<SnapTypeCount> &counts)
+{
+    KrxClient *client = KrxClient::instance();
+    TalvixChannel *channel = client->getChannelByUid(uid);
+    if (!channel)
+        return;
+    QString name = client->getDevNameByChannelID(uid);
+    const QString key = QString::fromStdString(uid);
+    if (m_deviceKeys.indexOfKey(devDataList, key) < 0) {
+        name = distinctChannelName(name, *channel);
+        devDataList.append({name, key});
+        devTypeDataList.append({name, channel->get_channel_type_id()});
+    }
+    const SnapSums sums = sumUp(counts);
+    fold(barDataList, m_barLabels, name, sums.vehicles);
+    fold(barDataList2, m_bar2Labels, name, sums.pedestrians);
+}
+
+void BasicChart::drillIntoChannel(const QString &key)
+{
+    clearPieAndLineChartData();
+    snapDetailMap.clear();
+    getTrafficLineOfDevice(key);
+    getSnapDetailPieData(key, ByDevice);
+}
+
+void BasicChart::getTrafficLineOfDevice(const QString &key)
+{
+    lineNames = {Texts::sentence("TK_Vehicle"), Texts::sentence("TK_Pedestrian")};
+    const std::string uid = key.toStdString();
+    for (const SnapTimeSample &sample : snapSamples) {
+        const auto channel = std::find_if(sample.channels.cbegin(), sample.channels.cend(),
+            [&uid](const SnapChannelSample &known) { return known.channelUid == uid; });
+        setTrafficLineItem(sample.time,
+            channel == sample.channels.cend() ? std::vector<SnapTypeCount>() : channel->typeCounts);
+    }
+}
+
+// An empty list of organisations is asked for as well: the server's answer decides.
+int BasicChart::getTrafficsStatisticsOfOrgas()
+{
+    TalvixGetSnapDetailSamplesOfOrgasRequestMessage request;
+    Query::setSpan(*this, request);
+    request.timeType = m_nTimeType;
+    request.sortType = sortType();
+    request.setListOrg(getOrgaIDList());
+    request.orgType = selectedOrgType();
+    using Response = TalvixGetSnapDetailSamplesOfOrgasResponseMessage;
+    return Query::wholeLevel<Response>(&KRXClientStatisticsManager::getTrafficsStatisticsOfOrgas, request,
+        &Response::snapOrgaList, "BasicChart::getTrafficsStatisticsOfOrgas fail",
+        "BasicChart::getTrafficsStatisticsOfOrgas records is empty",
+        [this](const Response &response) { setGroupsBarList(response.snapOrgaList); });
+}
+
+void BasicChart::setGroupsBarList(const std::vector<SnapOrgaItem> &items)
+{
+    clearBarChartData();
+    for (const SnapOrgaItem &item : items)
+        setTrafficOrgaBarItem(item.id, item.typeCounts);
+    if (barDataList.isEmpty() || devDataList.isEmpty()) {
+        qDebug() << "setGroupsBarList is empty";
+        return;
+    }
+    openFirstBar();
+}
+
+void BasicChart::setTrafficOrgaBarItem(const int &id, const std::vector<SnapTypeCount> &counts)
+{
+    const SnapSums sums = sumUp(counts);
+    foldOrgaBar(id, sums.vehicles, sums.pedestrians);
+}
+
+void BasicChart::getTrafficsStatisticsOfOrgas(const QString &key)
+{
+    lineNames = {Texts::sentence("TK_Vehicle"), Texts::sentence("TK_Pedestrian")};
+    TalvixGetSnapDetailSamplesOfOrgaRequestMessage request;
+    Query::fillOrgaRequest(*this, request, key);
+    TalvixGetSnapDetailSamplesOfOrgaResponseMessage response;
+    if (!Query::ask(&KRXClientStatisticsManager::getTrafficsStatisticsOfOrga, request, response)) {
+        qDebug() << "BasicChart::getTrafficsStatisticsOfOrgas fail" << Query::lastError();
+        return;
+    }
+    if (response.snapOrgaList.empty()) {
+        qDebug() << "BasicChart::getTrafficsStatisticsOfOrgas records is empty";
+        return;
+    }
+    clearPieAndLineChartData();
+    for (const SnapOrgaItem &item : response.snapOrgaList)
+        setTrafficLineItem(item.name, item.typeCounts);
+    snapDetailMap.clear();
+    getSnapDetailPieData(key, ByOrganisation);
+}
+
+void BasicChart::setTrafficLineItem(const std::string &label, const std::vector<SnapTypeCount> &counts)
+{
+    const QString time = QString::fromStdString(label);
+    const SnapSums sums = sumUp(counts);
+    fold(lineDataList, m_lineLabels, time, sums.vehicles);
+    fold(lineDataList2, m_line2Labels, time, sums.pedestrians);
+}
+
+int BasicChart::chosenSnapClass() const
+{
+    return ui->carRadio->isChecked() ? SnapClass::Vehicle : SnapClass::Pedestrian;
+}
+
+void BasicChart::getSnapDetailPieData(const QString &key, int mode)
+{
+    std::vector<SnapDetailMajorItem> items;
+    for (const int snapClass : {SnapClass::Vehicle, SnapClass::Pedestrian}) {
+        if (getSnapDetailSamples(key, snapClass, items, mode))
+            snapDetailMap.insert(snapClass, items);
+    }
+    const std::vector<SnapDetailMajorItem> chosen = snapDetailMap.value(chosenSnapClass());
+    if (!chosen.empty())
+        setSnapMinorPieList(chosen, chosen.front().majorType);
+}
+
+bool BasicChart::getSnapDetailSamples(
+    const QString &key, int majorClass, std::vector<SnapDetailMajorItem> &out, int mode)
+{
+    qDebug() << "BasicChart::getTrafficsStatisticsOfDevice";
+    QString start;
+    QString end;
+    currentTimeRange(start, end);
+    TalvixGetSnapDetailSamplesRequestMessage request;
+    request.setCmd("get_snap_detail_samples");
+    request.timeType = m_nTimeType;
+    if (mode == ByDevice) {
+        request.setChannelUid(key.toStdString());
+        request.orgaId = unsetValue;
+    } else {
+        request.orgaId = key.toInt();
+    }
+    request.orgType = selectedOrgType();
+    request.setBeginTime(start.toStdString());
+    request.setEndTIme(end.toStdString());
+    request.majorType = majorClass;
+    TalvixGetSnapDetailSamplesResponseMessage response;
+    if (!Query::ask(&KRXClientStatisticsManager::getSnapDetailSamples, request, response))
+        return false;
+    out = response.snapDetailList;
+    return true;
+}
