@@ -114,6 +114,8 @@ void BasicChart::loadPieView()
     if (!labelPiecount) {
         labelPiecount = new QLabel(pieChartView);
         labelPiecount->setObjectName(QStringLiteral("labelPiecount"));
+        // It lies over the slices, which answer the pointer.
+        labelPiecount->setAttribute(Qt::WA_TransparentForMouseEvents);
     }
     labelPiecount->hide();
     auto *column = new QVBoxLayout(ui->widgetPieChart);

@@ -8,6 +8,7 @@
 #include <QtCharts/QLegendMarker>
 #include <QtCharts/QValueAxis>
 #include <QtCore/QHash>
+#include <QtCore/QSet>
 #include <QtGui/QFontInfo>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPen>
@@ -40,11 +41,15 @@ QStringList distinctLabels(const QStringList &labels)
 {
     QStringList distinct;
     distinct.reserve(labels.size());
-    QHash<QString, int> timesSeen;
+    QSet<QString> taken;
+    QHash<QString, int> marksOf;
     for (const QString &label : labels) {
-        const int before = timesSeen[label]++;
-        const int marks = label.isNull() ? before + 1 : before;
-        distinct.append(label + QString(marks, invisibleMark));
+        int &marks = marksOf[label];
+        QString candidate = label.isNull() ? QStringLiteral("") : label + QString(marks, invisibleMark);
+        while (taken.contains(candidate))
+            candidate = label + QString(++marks, invisibleMark);
+        taken.insert(candidate);
+        distinct.append(candidate);
     }
     return distinct;
 }

@@ -179,6 +179,7 @@ protected:
     void initSnapClassButtons();
     void initButtonStyles();
     void retranslateTexts();
+    void renewOrgTypeTexts();
     void setButtonHighlight(ZrPushButton *button, bool on);
 
     // page/QueryCycle.cpp

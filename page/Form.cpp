@@ -8,6 +8,7 @@
 #include <TalvixWidgets/AppTranslationHelper.h>
 #include <TalvixWidgets/KrxClient.h>
 
+#include <QtCore/QSignalBlocker>
 #include <QtCore/QTimer>
 #include <QtGui/QAction>
 #include <QtGui/QIcon>
@@ -130,8 +131,7 @@ void BasicChart::retranslateUi()
     renewTreeTexts();
     for (QLabel *title : {ui->labelBarChartTitle, ui->labelPieChartTitle, ui->labelLineChartTitle})
         title->setText(getChartTitle(title));
-    for (int i = 0; i < static_cast<int>(std::size(orgTypeItems)); ++i)
-        ui->comboBoxOrgType->setItemText(i, Texts::sentence(orgTypeItems[i].key));
+    renewOrgTypeTexts();
     for (int i = 0; comboBoxPie && i < comboBoxPie->count(); ++i) {
         const int type = comboBoxPie->itemData(i, Qt::UserRole).toInt();
         comboBoxPie->setItemText(i, AppTranslationHelper::instance()->getSnapDetailMajorTypeName(type));
@@ -140,6 +140,14 @@ void BasicChart::retranslateUi()
         slotSearch();
         updateChartOverlays();
     }
+}
+
+// Another language is no other condition: the search that a language change needs comes once, and last.
+void BasicChart::renewOrgTypeTexts()
+{
+    const QSignalBlocker quiet(ui->comboBoxOrgType);
+    for (int i = 0; i < static_cast<int>(std::size(orgTypeItems)); ++i)
+        ui->comboBoxOrgType->setItemText(i, Texts::sentence(orgTypeItems[i].key));
 }
 
 void BasicChart::setButtonHighlight(ZrPushButton *button, bool on)

@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>TK_TemperatureStatisticsOfNum</source>
-        <translation> · Temperaturmessungen</translation>
+        <translation> Temperaturmessungen</translation>
     </message>
     <message>
         <source>TK_TemperatureStatisticsOfType</source>

@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>TK_TemperatureStatisticsOfNum</source>
-        <translation> · Temperature records</translation>
+        <translation> Temperature records</translation>
     </message>
     <message>
         <source>TK_TemperatureStatisticsOfType</source>
