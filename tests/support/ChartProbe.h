@@ -35,6 +35,12 @@ struct ChartStage
         page.tips.clear();
     }
 
+    /// Loads the charts and lets new views of a shown page appear.
+    void load()
+    {
+        page.loadChart();
+        QCoreApplication::processEvents();
+    }
     void setTime(const QString &text) { page.part<QLineEdit>("lineEditTime")->setText(text); }
     QString titleText(const char *label) const { return page.part<QLabel>(label)->text(); }
 

@@ -170,6 +170,8 @@ void PageScene::fillTreeWithoutCurrent(ProbePage &page)
 
 void PageScene::fillTree(ProbePage &page)
 {
+    if (organisationCombo(page)->count() > 0)
+        return;
     fillTreeWithoutCurrent(page);
     organisationCombo(page)->m_pTreeView->setRootAsCurrentItem();
 }
@@ -209,6 +211,14 @@ int currentOrganisation(ZrComboBoxWithTree *combo)
 {
     NODE node;
     return combo->m_pTreeView->getCurrentItemData(node) ? node.id : 0;
+}
+
+QStringList writtenLines(const LogCapture &log)
+{
+    QStringList lines = log.lines();
+    lines.removeIf(
+        [](const QString &line) { return line.startsWith(QStringLiteral("This plugin does not support")); });
+    return lines;
 }
 
 QStringList onlyLines(const QStringList &lines, const QStringList &wanted)

@@ -29,7 +29,7 @@ public:
     qsizetype treeLoads() const { return client.calls.count(QStringLiteral("getOrgaList")); }
     void forgetCalls();
 
-    /// Puts the tree into a page that fetches none by itself, with the root current.
+    /// Puts the tree into a page that has fetched none by itself, with the root current.
     void fillTree(ProbePage &page);
     /// Puts a tree into the page of which no node is current.
     void fillTreeWithoutCurrent(ProbePage &page);
@@ -46,6 +46,9 @@ bool chooseOrganisation(ZrComboBoxWithTree *combo, const QString &name);
 
 /// Number of the tree's current organisation, 0 for none.
 int currentOrganisation(ZrComboBoxWithTree *combo);
+
+/// What was written to the log, without the remarks of the display platform.
+QStringList writtenLines(const LogCapture &log);
 
 /// The lines that are one of \a wanted, in their order.
 QStringList onlyLines(const QStringList &lines, const QStringList &wanted);

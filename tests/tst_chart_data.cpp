@@ -1,0 +1,929 @@
+#include "support/FakeKrxClient.h"
+#include "support/LogCapture.h"
+#include "support/LogLines.h"
+#include "support/ProbePage.h"
+#include "support/ScriptedStatisticsManager.h"
+#include "support/StatisticsRows.h"
+#include "support/TestMain.h"
+
+#include <devhost/widgets/HostSettings.h>
+#include <TalvixWidgets/AppTranslationHelper.h>
+#include <TalvixWidgets/ZrChartView.h>
+
+#include <QtCharts/QChart>
+#include <QtWidgets/QPushButton>
+
+#include <condition_variable>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace {
+
+constexpr int most = std::numeric_limits<int>::max();
+constexpr int least = std::numeric_limits<int>::min();
+
+struct PeriodRow
+{
+    std::string label;
+    int value;
+    int alarmType;
+};
+using PeriodRows = QList<PeriodRow>;
+
+using Step = std::function<void(ProbePage &)>;
+
+/// Holds the page's mutex on another thread for as long as it lives, a few seconds at most.
+class HeldMutex
+{
+public:
+    explicit HeldMutex(QMutex &mutex, std::chrono::milliseconds longest)
+        : m_thread([this, &mutex, longest] {
+            mutex.lock();
+            std::unique_lock<std::mutex> lock(m_guard);
+            m_held = true;
+            m_changed.notify_all();
+            m_changed.wait_for(lock, longest, [this] { return m_done; });
+            m_held = false;
+            mutex.unlock();
+        })
+    {
+        std::unique_lock<std::mutex> lock(m_guard);
+        m_changed.wait(lock, [this] { return m_held; });
+    }
+
+    ~HeldMutex()
+    {
+        {
+            const std::lock_guard<std::mutex> lock(m_guard);
+            m_done = true;
+        }
+        m_changed.notify_all();
+        m_thread.join();
+    }
+
+    bool isHeld()
+    {
+        const std::lock_guard<std::mutex> lock(m_guard);
+        return m_held;
+    }
+
+private:
+    std::mutex m_guard;
+    std::condition_variable m_changed;
+    bool m_held = false;
+    bool m_done = false;
+    std::thread m_thread;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(LabelledValues)
+Q_DECLARE_METATYPE(LabelledKeys)
+Q_DECLARE_METATYPE(PeriodRows)
+Q_DECLARE_METATYPE(Step)
+
+class TestChartData : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<FakeKrxClient> client;
+    std::unique_ptr<ScriptedStatisticsManager> service;
+    std::unique_ptr<ProbePage> page;
+
+    bool open(int type)
+    {
+        page = std::make_unique<ProbePage>(type);
+        page->resize(1136, 648);
+        page->show();
+        const bool exposed = QTest::qWaitForWindowExposed(page.get());
+        service->calls.clear();
+        page->tips.clear();
+        return exposed;
+    }
+
+    void make(int type) { page = std::make_unique<ProbePage>(type); }
+
+    void fillEveryList()
+    {
+        page->barDataList = {{"bar", 1}};
+        page->barDataList2 = {{"bar", 2}};
+        page->devDataList = {{"bar", "key"}};
+        page->devTypeDataList = {{"bar", 3}};
+        page->lineDataList = {{"line", 4}};
+        page->lineDataList2 = {{"line", 5}};
+        page->pieDataList = {{"pie", 6}};
+    }
+
+    QStringList emptyLists() const
+    {
+        QStringList names;
+        if (page->barDataList.isEmpty())
+            names << "bar";
+        if (page->barDataList2.isEmpty())
+            names << "bar2";
+        if (page->devDataList.isEmpty())
+            names << "dev";
+        if (page->devTypeDataList.isEmpty())
+            names << "devType";
+        if (page->lineDataList.isEmpty())
+            names << "line";
+        if (page->lineDataList2.isEmpty())
+            names << "line2";
+        if (page->pieDataList.isEmpty())
+            names << "pie";
+        return names;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        client = std::make_unique<FakeKrxClient>();
+        client->setTree(QStringLiteral("1 Company\n  2 Plant North\n  3 Plant South"));
+        service = std::make_unique<ScriptedStatisticsManager>();
+    }
+
+    void cleanup()
+    {
+        page.reset();
+        service.reset();
+        client.reset();
+        HostSettings::setLanguage({});
+    }
+
+    void aNewPageHasEmptyLists()
+    {
+        make(1);
+        QCOMPARE(emptyLists(), (QStringList{"bar", "bar2", "dev", "devType", "line", "line2", "pie"}));
+        QVERIFY(page->idlist.empty());
+    }
+
+    void clearingEmptiesItsOwnLists_data()
+    {
+        QTest::addColumn<Step>("clear");
+        QTest::addColumn<QStringList>("emptied");
+        QTest::addColumn<QString>("line");
+
+        QTest::newRow("the bar side")
+            << Step(&ProbePage::clearBarChartData) << QStringList{"bar", "bar2", "dev", "devType"}
+            << "BasicChart::clearBarChartData ";
+        QTest::newRow("the line and pie side")
+            << Step(&ProbePage::clearPieAndLineChartData) << QStringList{"line", "line2", "pie"}
+            << "BasicChart::clearPieAndLineChartData";
+        QTest::newRow("the pie alone")
+            << Step(&ProbePage::clearPieChartData) << QStringList{"pie"} << "BasicChart::clearPieChartData";
+    }
+
+    void clearingEmptiesItsOwnLists()
+    {
+        QFETCH(Step, clear);
+        QFETCH(QString, line);
+        make(1);
+        fillEveryList();
+        LogCapture log;
+        clear(*page);
+        QTEST(emptyLists(), "emptied");
+        QCOMPARE(log.lines(), QStringList{line});
+        QVERIFY(page->m_mutex.tryLock());
+        page->m_mutex.unlock();
+    }
+
+    void listsAreChangedUnderTheMutex_data()
+    {
+        QTest::addColumn<Step>("step");
+        QTest::newRow("clearing the bar side") << Step(&ProbePage::clearBarChartData);
+        QTest::newRow("clearing the line and pie side") << Step(&ProbePage::clearPieAndLineChartData);
+        QTest::newRow("clearing the pie") << Step(&ProbePage::clearPieChartData);
+        QTest::newRow("adding a period") << Step([](ProbePage &p) { p.setLineAndPieItem("a", 1, -1); });
+    }
+
+    void listsAreChangedUnderTheMutex()
+    {
+        QFETCH(Step, step);
+        make(1);
+        HeldMutex held(page->m_mutex, std::chrono::milliseconds(50));
+        step(*page);
+        QVERIFY(!held.isHeld());
+        QVERIFY(page->m_mutex.tryLock());
+        page->m_mutex.unlock();
+    }
+
+    void barsAreAddedWithoutTheMutex_data()
+    {
+        QTest::addColumn<Step>("step");
+        QTest::newRow("an organisation") << Step([](ProbePage &p) { p.setOrgaBarItem(2, 1); });
+        QTest::newRow("a device") << Step([](ProbePage &p) { p.setDevBarItem("d1", 1); });
+        QTest::newRow("sorting the lines") << Step(&ProbePage::sortLineList);
+    }
+
+    void barsAreAddedWithoutTheMutex()
+    {
+        QFETCH(Step, step);
+        client->addDevice("d1", "Camera");
+        make(1);
+        HeldMutex held(page->m_mutex, std::chrono::seconds(5));
+        step(*page);
+        QVERIFY(held.isHeld());
+    }
+
+    void organisationsBecomeBars_data()
+    {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("key");
+
+        QTest::newRow("a known organisation") << 2 << "Plant North"
+                                              << "2";
+        QTest::newRow("an unknown organisation goes by its number") << 99 << "99"
+                                                                    << "99";
+        QTest::newRow("number zero") << 0 << "0"
+                                     << "0";
+        QTest::newRow("a negative number") << -5 << "-5"
+                                           << "-5";
+        QTest::newRow("the greatest number") << most << "2147483647"
+                                             << "2147483647";
+        QTest::newRow("the least number") << least << "-2147483648"
+                                          << "-2147483648";
+        QTest::newRow("an empty name stays empty") << 50 << ""
+                                                   << "50";
+        QTest::newRow("a long name stays whole") << 51 << QString(200, QLatin1Char('n')) << "51";
+        QTest::newRow("markup is a name like any other") << 52 << "<b>%1</b>"
+                                                         << "52";
+        QTest::newRow("a name in Chinese") << 53 << QString::fromUtf8("\xe5\x8c\x97\xe5\x8e\x82") << "53";
+    }
+
+    void organisationsBecomeBars()
+    {
+        QFETCH(int, id);
+        QFETCH(QString, name);
+        QFETCH(QString, key);
+        client->addOrganisation(50, "");
+        client->addOrganisation(51, std::string(200, 'n'));
+        client->addOrganisation(52, "<b>%1</b>");
+        client->addOrganisation(53, "\xe5\x8c\x97\xe5\x8e\x82");
+        make(1);
+        page->setOrgaBarItem(id, -7);
+        QCOMPARE(page->barDataList, (LabelledValues{{name, -7}}));
+        QCOMPARE(page->devDataList, (LabelledKeys{{name, key}}));
+        QVERIFY(page->devTypeDataList.isEmpty());
+        QVERIFY(page->barDataList2.isEmpty());
+    }
+
+    void rowsOfOneOrganisationAreNotMerged()
+    {
+        client->addOrganisation(4, "Plant North");
+        make(1);
+        page->setOrgaBarItem(2, 1);
+        page->setOrgaBarItem(4, 2);
+        page->setOrgaBarItem(2, 3);
+        QCOMPARE(
+            page->barDataList, (LabelledValues{{"Plant North", 1}, {"Plant North", 2}, {"Plant North", 3}}));
+        QCOMPARE(page->devDataList,
+            (LabelledKeys{{"Plant North", "2"}, {"Plant North", "4"}, {"Plant North", "2"}}));
+    }
+
+    void aNameThatIsNoTextStillMakesABar()
+    {
+        client->addOrganisation(60, "\xff\xfe");
+        client->addDevice("d1", "\xff");
+        make(1);
+        page->setOrgaBarItem(60, 1);
+        page->setDevBarItem("d1", 2);
+        QCOMPARE(listValues(page->barDataList), QList<int>({1, 2}));
+        QVERIFY(!page->barDataList.at(0).first.isEmpty());
+        QCOMPARE(page->devDataList.at(0), (std::pair(page->barDataList.at(0).first, QStringLiteral("60"))));
+        QCOMPARE(page->devDataList.at(1), (std::pair(page->barDataList.at(1).first, QStringLiteral("d1"))));
+    }
+
+    void namesOfOrganisationsAndAlarmTypesAreTranslatedAndNamesOfDevicesAreNot()
+    {
+        const char *const known = "TK_Vehicle";
+        QVERIFY(HostSettings::setLanguage(QStringLiteral("de")));
+        const QString translated = AppTranslationHelper::instance()->getStringAfterTranslation(known);
+        QVERIFY(translated != QString::fromLatin1(known));
+        client->addOrganisation(61, known);
+        client->addAlarmType(4, known);
+        client->addDevice("d1", known);
+        client->addChannel("c1", QStringLiteral("TK_Pedestrian"));
+        make(1);
+        page->setOrgaBarItem(61, 1);
+        page->setDevBarItem("d1", 2);
+        page->setDevBarItem("c1", 3);
+        page->setLineAndPieItem(known, 4, 4);
+        QCOMPARE(page->barDataList, (LabelledValues{{translated, 1}, {known, 2}, {"TK_Pedestrian", 3}}));
+        QCOMPARE(page->lineDataList, (LabelledValues{{known, 4}}));
+        QCOMPARE(page->pieDataList, (LabelledValues{{translated, 4}}));
+    }
+
+    void devicesBecomeBars_data()
+    {
+        QTest::addColumn<QStringList>("uids");
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<QList<int>>("types");
+
+        QTest::newRow("a channel") << QStringList{"door"} << QStringList{"Recorder Door"}
+                                   << QStringList{"door"} << QList<int>{5};
+        QTest::newRow("a device") << QStringList{"gate1"} << QStringList{"Gate"} << QStringList{"gate1"}
+                                  << QList<int>{1};
+        QTest::newRow("a uid of both is a channel")
+            << QStringList{"both"} << QStringList{"As channel"} << QStringList{"both"} << QList<int>{6};
+        QTest::newRow("two devices of one name: the second goes by its address")
+            << QStringList{"gate1", "gate2"} << QStringList{"Gate", "10.0.0.2"}
+            << QStringList{"gate1", "gate2"} << QList<int>{1, 2};
+        QTest::newRow("a third of that name goes by its address too")
+            << QStringList{"gate1", "gate2", "gate3"} << QStringList{"Gate", "10.0.0.2", "10.0.0.3"}
+            << QStringList{"gate1", "gate2", "gate3"} << QList<int>{1, 2, 3};
+        QTest::newRow("a device of that name without address gets no name")
+            << QStringList{"gate1", "gateNowhere"} << QStringList{"Gate", ""}
+            << QStringList{"gate1", "gateNowhere"} << QList<int>{1, 4};
+        QTest::newRow("a replaced name is not compared again")
+            << QStringList{"addressed", "gate1", "gate2"} << QStringList{"10.0.0.2", "Gate", "10.0.0.2"}
+            << QStringList{"addressed", "gate1", "gate2"} << QList<int>{9, 1, 2};
+        QTest::newRow("the same device twice")
+            << QStringList{"gate2", "gate2"} << QStringList{"Gate", "10.0.0.2"}
+            << QStringList{"gate2", "gate2"} << QList<int>{2, 2};
+        QTest::newRow("case counts") << QStringList{"gate1", "gateSmall"} << QStringList{"Gate", "gate"}
+                                     << QStringList{"gate1", "gateSmall"} << QList<int>{1, 7};
+        QTest::newRow("a channel of a taken name goes by its address")
+            << QStringList{"door", "doorTwin"} << QStringList{"Recorder Door", "10.0.1.2"}
+            << QStringList{"door", "doorTwin"} << QList<int>{5, 5};
+        QTest::newRow("a channel of a taken name without address goes by its own name")
+            << QStringList{"door", "doorNowhere"} << QStringList{"Recorder Door", "Back door"}
+            << QStringList{"door", "doorNowhere"} << QList<int>{5, 8};
+        QTest::newRow("a channel with neither gets no name")
+            << QStringList{"door", "doorNothing"} << QStringList{"Recorder Door", ""}
+            << QStringList{"door", "doorNothing"} << QList<int>{5, 8};
+        QTest::newRow("a device is compared with channels as well")
+            << QStringList{"door", "deviceLikeDoor"} << QStringList{"Recorder Door", "10.0.2.1"}
+            << QStringList{"door", "deviceLikeDoor"} << QList<int>{5, 1};
+        QTest::newRow("a channel is compared with devices as well")
+            << QStringList{"deviceLikeDoor", "doorTwin"} << QStringList{"Recorder Door", "10.0.1.2"}
+            << QStringList{"deviceLikeDoor", "doorTwin"} << QList<int>{1, 5};
+        QTest::newRow("an unknown uid is dropped and the others stay in step")
+            << QStringList{"gate1", "nobody", "door"} << QStringList{"Gate", "Recorder Door"}
+            << QStringList{"gate1", "door"} << QList<int>{1, 5};
+        QTest::newRow("a long name stays whole")
+            << QStringList{"long"} << QStringList{QString(200, QLatin1Char('n'))} << QStringList{"long"}
+            << QList<int>{-1};
+        QTest::newRow("markup is a name like any other")
+            << QStringList{"markup"} << QStringList{"<b>%1</b>"} << QStringList{"markup"} << QList<int>{0};
+    }
+
+    void devicesBecomeBars()
+    {
+        QFETCH(QStringList, uids);
+        QFETCH(QStringList, names);
+        QFETCH(QStringList, keys);
+        QFETCH(QList<int>, types);
+        client->addDevice("gate1", "Gate", "10.0.0.1", 1);
+        client->addDevice("gate2", "Gate", "10.0.0.2", 2);
+        client->addDevice("gate3", "Gate", "10.0.0.3", 3);
+        client->addDevice("gateNowhere", "Gate", "", 4);
+        client->addDevice("gateSmall", "gate", "10.0.0.7", 7);
+        client->addDevice("addressed", "10.0.0.2", "10.0.0.9", 9);
+        client->addDevice("both", "As device", "10.0.0.8", 1);
+        client->addDevice("deviceLikeDoor", "Recorder Door", "10.0.2.1", 1);
+        client->addDevice("long", std::string(200, 'n'), "", -1);
+        client->addDevice("markup", "<b>%1</b>", "", 0);
+        client->addChannel("both", QStringLiteral("As channel"), "Channel", "10.0.1.8", 6);
+        client->addChannel("door", QStringLiteral("Recorder Door"), "Front door", "10.0.1.1", 5);
+        client->addChannel("doorTwin", QStringLiteral("Recorder Door"), "Twin door", "10.0.1.2", 5);
+        client->addChannel("doorNowhere", QStringLiteral("Recorder Door"), "Back door", "", 8);
+        client->addChannel("doorNothing", QStringLiteral("Recorder Door"), "", "", 8);
+        make(2);
+        int value = 100;
+        for (const QString &uid : uids)
+            page->setDevBarItem(uid.toStdString(), value++);
+        QCOMPARE(listKeys(page->barDataList), names);
+        QCOMPARE(listKeys(page->devDataList), names);
+        QCOMPARE(listKeys(page->devTypeDataList), names);
+        QStringList foundKeys;
+        for (const auto &entry : page->devDataList)
+            foundKeys.append(entry.second);
+        QCOMPARE(foundKeys, keys);
+        QCOMPARE(listValues(page->devTypeDataList), types);
+        QList<int> values;
+        for (int i = 0; i < uids.size(); ++i) {
+            if (keys.contains(uids.at(i)))
+                values.append(100 + i);
+        }
+        QCOMPARE(listValues(page->barDataList), values);
+    }
+
+    void anUnknownUidIsLogged_data()
+    {
+        QTest::addColumn<QString>("uid");
+        QTest::newRow("a uid") << "nobody";
+        QTest::newRow("no uid") << "";
+        QTest::newRow("a uid with markup") << "<i>%1</i>";
+    }
+
+    void anUnknownUidIsLogged()
+    {
+        QFETCH(QString, uid);
+        make(2);
+        LogCapture log;
+        page->setDevBarItem(uid.toStdString(), 1);
+        QCOMPARE(log.lines().size(), 1);
+        QCOMPARE(loggedBehind(log.lines(), QStringLiteral("uid  is invalid")), uid);
+        QVERIFY(page->barDataList.isEmpty());
+        QVERIFY(page->devDataList.isEmpty());
+        QVERIFY(page->devTypeDataList.isEmpty());
+        QVERIFY(page->tips.isEmpty());
+    }
+
+    void periodsFoldIntoLineAndPie_data()
+    {
+        QTest::addColumn<PeriodRows>("rows");
+        QTest::addColumn<LabelledValues>("line");
+        QTest::addColumn<LabelledValues>("pie");
+
+        QTest::newRow("one row") << PeriodRows{{"08", 3, 1}} << LabelledValues{{"08", 3}}
+                                 << LabelledValues{{"Motion", 3}};
+        QTest::newRow("several types of a period: one point, one slice each") << PeriodRows{{"08", 3, 1},
+            {"08", 4, 2}} << LabelledValues{{"08", 7}} << LabelledValues{{"Motion", 3}, {"Fire", 4}};
+        QTest::newRow("one type in several periods: one slice, one point each") << PeriodRows{{"09", 3, 1},
+            {"08", 4, 1}} << LabelledValues{{"09", 3}, {"08", 4}} << LabelledValues{{"Motion", 7}};
+        QTest::newRow("a sum keeps its place")
+            << PeriodRows{{"08", 1, 2}, {"09", 2, 1}, {"08", 4, 2}} << LabelledValues{{"08", 5}, {"09", 2}}
+            << LabelledValues{{"Fire", 5}, {"Motion", 2}};
+        QTest::newRow("an unknown type goes by its number")
+            << PeriodRows{{"08", 3, 77}} << LabelledValues{{"08", 3}} << LabelledValues{{"77", 3}};
+        QTest::newRow("types are unknown below none as well") << PeriodRows{{"08", 3, -2},
+            {"08", 4, 0}} << LabelledValues{{"08", 7}} << LabelledValues{{"-2", 3}, {"0", 4}};
+        QTest::newRow("without a type the slice is the period")
+            << PeriodRows{{"08", 3, -1}, {"09", 2, -1}} << LabelledValues{{"08", 3}, {"09", 2}}
+            << LabelledValues{{"08", 3}, {"09", 2}};
+        QTest::newRow("two types of one name share a slice") << PeriodRows{{"08", 3, 2},
+            {"08", 4, 3}} << LabelledValues{{"08", 7}} << LabelledValues{{"Fire", 7}};
+        QTest::newRow("a zero stands in the line alone")
+            << PeriodRows{{"08", 0, 1}, {"08", 0, 2}} << LabelledValues{{"08", 0}} << LabelledValues{};
+        QTest::newRow("a zero among figures makes no slice") << PeriodRows{{"08", 0, 1},
+            {"08", 5, 2}} << LabelledValues{{"08", 5}} << LabelledValues{{"Fire", 5}};
+        QTest::newRow("a zero without a type")
+            << PeriodRows{{"08", 0, -1}} << LabelledValues{{"08", 0}} << LabelledValues{};
+        QTest::newRow("a negative figure takes away")
+            << PeriodRows{{"08", 3, 1}, {"08", -5, 1}} << LabelledValues{{"08", -2}}
+            << LabelledValues{{"Motion", -2}};
+        QTest::newRow("sums that come to zero stay")
+            << PeriodRows{{"08", 3, 1}, {"08", -3, 1}} << LabelledValues{{"08", 0}}
+            << LabelledValues{{"Motion", 0}};
+        QTest::newRow("sums wrap at 32 bits")
+            << PeriodRows{{"08", most, 1}, {"08", 1, 1}} << LabelledValues{{"08", least}}
+            << LabelledValues{{"Motion", least}};
+        QTest::newRow("an empty label is a period")
+            << PeriodRows{{"", 1, -1}, {"", 2, -1}} << LabelledValues{{"", 3}} << LabelledValues{{"", 3}};
+        QTest::newRow("a type without a name has a slice without one")
+            << PeriodRows{{"08", 2, 9}} << LabelledValues{{"08", 2}} << LabelledValues{{"", 2}};
+        QTest::newRow("slices stand in the order of their first row")
+            << PeriodRows{{"08", 1, 77}, {"08", 9, 2}, {"08", 5, 1}} << LabelledValues{{"08", 15}}
+            << LabelledValues{{"77", 1}, {"Fire", 9}, {"Motion", 5}};
+        QTest::newRow("case counts in periods")
+            << PeriodRows{{"a", 1, 1}, {"A", 2, 1}} << LabelledValues{{"a", 1}, {"A", 2}}
+            << LabelledValues{{"Motion", 3}};
+    }
+
+    void periodsFoldIntoLineAndPie()
+    {
+        QFETCH(PeriodRows, rows);
+        QFETCH(LabelledValues, line);
+        QFETCH(LabelledValues, pie);
+        client->addAlarmType(1, "Motion");
+        client->addAlarmType(2, "Fire");
+        client->addAlarmType(3, "Fire");
+        client->addAlarmType(9, "");
+        make(1);
+        for (const PeriodRow &row : rows)
+            page->setLineAndPieItem(row.label, row.value, row.alarmType);
+        QCOMPARE(page->lineDataList, line);
+        QCOMPARE(page->pieDataList, pie);
+        QVERIFY(page->lineDataList2.isEmpty());
+
+        std::vector<AlarmStatisticsRecord> records;
+        for (const PeriodRow &row : rows)
+            records.push_back(alarmsOfPeriod(row.label, row.alarmType, row.value));
+        page->setPieAndLineList(records);
+        QCOMPARE(page->lineDataList, line);
+        QCOMPARE(page->pieDataList, pie);
+    }
+
+    void aListOfPeriodsReplacesTheOneBefore()
+    {
+        make(1);
+        fillEveryList();
+        LogCapture log;
+        page->setPieAndLineList({alarmsOfPeriod("09", -1, 1), alarmsOfPeriod("08", -1, 2)});
+        QCOMPARE(log.lines().constFirst(), QStringLiteral("BasicChart::clearPieAndLineChartData"));
+        QCOMPARE(page->lineDataList, (LabelledValues{{"09", 1}, {"08", 2}}));
+        QCOMPARE(page->pieDataList, (LabelledValues{{"09", 1}, {"08", 2}}));
+        QVERIFY(page->lineDataList2.isEmpty());
+        QCOMPARE(page->barDataList, (LabelledValues{{"bar", 1}}));
+        page->setPieAndLineList({});
+        QVERIFY(page->lineDataList.isEmpty());
+        QVERIFY(page->pieDataList.isEmpty());
+    }
+
+    void onlinePeriodsMakeSlicesOfPeriods()
+    {
+        client->addAlarmType(0, "Motion");
+        client->addAlarmType(-1, "None");
+        make(3);
+        fillEveryList();
+        LogCapture log;
+        page->setOnlinePieAndLineList(
+            {onlineOfPeriod("09", 1), onlineOfPeriod("08", 0), onlineOfPeriod("09", 4)});
+        QCOMPARE(log.lines().constFirst(), QStringLiteral("BasicChart::clearPieAndLineChartData"));
+        QCOMPARE(page->lineDataList, (LabelledValues{{"09", 5}, {"08", 0}}));
+        QCOMPARE(page->pieDataList, (LabelledValues{{"09", 5}}));
+        QVERIFY(page->lineDataList2.isEmpty());
+    }
+
+    void aDrillDownRowUsesNeitherOrganisationNorUid()
+    {
+        make(1);
+        AlarmStatisticsRecord alarm = alarmsOfPeriod("08", -1, 2);
+        alarm.orgaId = 99;
+        alarm.uid = "d1";
+        alarm.reservedValue = 7;
+        page->setPieAndLineList({alarm});
+        QCOMPARE(page->lineDataList, (LabelledValues{{"08", 2}}));
+        QCOMPARE(page->pieDataList, (LabelledValues{{"08", 2}}));
+    }
+
+    void linesSortByLabel()
+    {
+        make(7);
+        page->lineDataList = {{"b", 1}, {"a", 2}, {"B", 3}, {"a", 4}};
+        page->lineDataList2 = {{"2024-05-03 10", 1}, {"2024-05-03 09", 2}};
+        page->pieDataList = {{"z", 1}, {"y", 2}};
+        page->sortLineList();
+        QCOMPARE(page->lineDataList, (LabelledValues{{"B", 3}, {"a", 4}, {"a", 2}, {"b", 1}}));
+        QCOMPARE(page->lineDataList2, (LabelledValues{{"2024-05-03 09", 2}, {"2024-05-03 10", 1}}));
+        QCOMPARE(page->pieDataList, (LabelledValues{{"z", 1}, {"y", 2}}));
+    }
+
+    void emptyLinesStayEmpty()
+    {
+        make(7);
+        page->lineDataList2 = {{"b", 1}, {"a", 2}};
+        page->sortLineList();
+        QVERIFY(page->lineDataList.isEmpty());
+        QCOMPARE(page->lineDataList2, (LabelledValues{{"a", 2}, {"b", 1}}));
+    }
+
+    void periodsStillFoldAfterASort()
+    {
+        make(1);
+        page->setLineAndPieItem("b", 1, -1);
+        page->setLineAndPieItem("a", 2, -1);
+        page->sortLineList();
+        page->setLineAndPieItem("a", 10, -1);
+        page->setLineAndPieItem("c", 3, -1);
+        QCOMPARE(page->lineDataList, (LabelledValues{{"a", 12}, {"b", 1}, {"c", 3}}));
+        QCOMPARE(page->pieDataList, (LabelledValues{{"b", 1}, {"a", 12}, {"c", 3}}));
+    }
+
+    void slicesStartAnewAfterThePieWasCleared()
+    {
+        make(1);
+        page->setLineAndPieItem("b", 1, -1);
+        page->setLineAndPieItem("a", 2, -1);
+        page->clearPieChartData();
+        page->setLineAndPieItem("a", 10, -1);
+        page->setLineAndPieItem("b", 20, -1);
+        QCOMPARE(page->lineDataList, (LabelledValues{{"b", 21}, {"a", 12}}));
+        QCOMPARE(page->pieDataList, (LabelledValues{{"a", 10}, {"b", 20}}));
+    }
+
+    void barRowsFillByKind_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<bool>("online");
+        QTest::addColumn<LabelledValues>("bars");
+        QTest::addColumn<LabelledKeys>("keys");
+        QTest::addColumn<LabelledValues>("types");
+        QTest::addColumn<QStringList>("calls");
+        QTest::addColumn<QString>("line");
+
+        const LabelledValues organisations = {{"Plant South", 5}, {"99", 6}};
+        const LabelledKeys organisationKeys = {{"Plant South", "3"}, {"99", "99"}};
+        const LabelledValues devices = {{"Camera", 5}};
+        const LabelledKeys deviceKeys = {{"Camera", "d1"}};
+        const LabelledValues deviceTypes = {{"Camera", 4}};
+
+        QTest::newRow("alarms, kind 1")
+            << 1 << false << organisations << organisationKeys << LabelledValues()
+            << QStringList{"getAlarmStatisticsOfOrga"} << "type AlarmStatisticsOfOrgas bardatalist ";
+        QTest::newRow("alarms, kind 2")
+            << 2 << false << devices << deviceKeys << deviceTypes << QStringList{"getAlarmStatisticsOfDevice"}
+            << "type AlarmStatisticsOfDevices  bardatalist ";
+        QTest::newRow("online, kind 3")
+            << 3 << true << organisations << organisationKeys << LabelledValues()
+            << QStringList{"getOnlineStatisticsOfOrga"} << "type OnlineStatisticsOfOrgas bardatalist ";
+        QTest::newRow("online, kind 4")
+            << 4 << true << devices << deviceKeys << deviceTypes << QStringList{"getOnlineStatisticsOfDevice"}
+            << "type OnlineStatisticsOfDevices bardatalist ";
+        for (int type : {0, 3, 4, 5, 6, 7, 8, 9, 10, -1})
+            QTest::addRow("alarms, kind %d: nothing", type)
+                << type << false << LabelledValues() << LabelledKeys() << LabelledValues() << QStringList()
+                << "";
+        for (int type : {0, 1, 2, 5, 6, 7, 8, 9, 10, -1})
+            QTest::addRow("online, kind %d: nothing", type)
+                << type << true << LabelledValues() << LabelledKeys() << LabelledValues() << QStringList()
+                << "";
+    }
+
+    void barRowsFillByKind()
+    {
+        QFETCH(int, type);
+        QFETCH(bool, online);
+        QFETCH(QString, line);
+        QFETCH(QStringList, calls);
+        client->addDevice("d1", "Camera", "10.0.0.1", 4);
+        make(1);
+        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        page->setServiceType(type);
+        fillEveryList();
+        LogCapture log;
+        // Each row carries an organisation and a device: what tells the two apart is the kind alone.
+        if (online)
+            page->setOnlineBarList({{"08", 3, "d1", 5}, {"09", 99, "nobody", 6}});
+        else
+            page->setBarList(
+                std::vector<AlarmStatisticsRecord>{{"08", 3, "d1", 0, 1, 5}, {"09", 99, "nobody", 0, 1, 6}});
+        QTEST(page->barDataList, "bars");
+        QTEST(page->devDataList, "keys");
+        QTEST(page->devTypeDataList, "types");
+        QVERIFY(page->barDataList2.isEmpty());
+        QCOMPARE(service->calls, calls);
+
+        const QStringList lines = log.lines();
+        const QString emptyLine = online ? QStringLiteral(" setOnlineBarList  barDataList is empty")
+                                         : QStringLiteral(" BasicChart::setBarList  barDataList is empty");
+        QCOMPARE(log.contains(emptyLine), calls.isEmpty());
+        QCOMPARE(lines.constFirst(),
+            online ? QStringLiteral("BasicChart::clearBarChartData ")
+                   : QStringLiteral("BasicChart::setBarList"));
+        QVERIFY(log.contains(QStringLiteral("BasicChart::clearBarChartData ")));
+        if (!calls.isEmpty()) {
+            QVERIFY(inOrder(lines, {line + "*", "BasicChart::getChartDataByBarId"}));
+            const QString shown = loggedBehind(lines, line);
+            const auto behind = shown.indexOf(QStringLiteral("\n devDataList"));
+            QVERIFY(behind > 0);
+            QVERIFY(shown.left(behind).contains(
+                QStringLiteral("std::pair(\"%1\",5)").arg(page->barDataList.at(0).first)));
+            QVERIFY(shown.mid(behind).contains(
+                QStringLiteral("std::pair(\"%1\",\"%2\")")
+                    .arg(page->devDataList.at(0).first, page->devDataList.at(0).second)));
+        } else {
+            for (const QString &text : lines)
+                QVERIFY2(!text.startsWith(QStringLiteral("type ")), qPrintable(text));
+            QCOMPARE(emptyLists(), (QStringList{"bar", "bar2", "dev", "devType"}));
+        }
+    }
+
+    void theFirstRowOfTheAnswerIsOpenedNotTheGreatest_data()
+    {
+        QTest::addColumn<int>("type");
+        for (int type : {1, 2, 3, 4})
+            QTest::addRow("kind %d", type) << type;
+    }
+
+    void theFirstRowOfTheAnswerIsOpenedNotTheGreatest()
+    {
+        QFETCH(int, type);
+        client->addDevice("3", "South");
+        client->addDevice("2", "North");
+        make(1);
+        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        page->setServiceType(type);
+        if (type <= 2)
+            page->setBarList(
+                std::vector<AlarmStatisticsRecord>{{"", 3, "3", 0, 0, 1}, {"", 2, "2", 0, 0, 9}});
+        else
+            page->setOnlineBarList({{"", 3, "3", 1}, {"", 2, "2", 9}});
+        QCOMPARE(service->calls.size(), 1);
+        switch (type) {
+        case 1:
+            QCOMPARE(service->alarmStatisticsOfOrga.requests.constFirst().orgaId, 3);
+            break;
+        case 2:
+            QCOMPARE(service->alarmStatisticsOfDevice.requests.constFirst().uid(), std::string("3"));
+            break;
+        case 3:
+            QCOMPARE(service->onlineStatisticsOfOrga.requests.constFirst().orgaId, 3);
+            break;
+        default:
+            QCOMPARE(service->onlineStatisticsOfDevice.requests.constFirst().uid(), std::string("3"));
+        }
+    }
+
+    void rowsThatNobodyKnowsLeaveTheBarSideEmpty_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("line");
+        QTest::newRow("alarms") << 2 << " BasicChart::setBarList  barDataList is empty";
+        QTest::newRow("online") << 4 << " setOnlineBarList  barDataList is empty";
+    }
+
+    void rowsThatNobodyKnowsLeaveTheBarSideEmpty()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, line);
+        make(type);
+        fillEveryList();
+        LogCapture log;
+        if (type == 2)
+            page->setBarList({alarmsOfDevice("nobody", 1), alarmsOfDevice("else", 2)});
+        else
+            page->setOnlineBarList({onlineOfDevice("nobody", 1), onlineOfDevice("else", 2)});
+        QCOMPARE(emptyLists(), (QStringList{"bar", "bar2", "dev", "devType"}));
+        QVERIFY(service->calls.isEmpty());
+        QVERIFY(inOrder(log.lines(), {"uid  is invalid*", "uid  is invalid*", line}));
+        QVERIFY(page->tips.isEmpty());
+    }
+
+    void eachKindHasItsDrillDown_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QStringList>("calls");
+
+        QTest::newRow("kind 1") << 1 << QStringList{"getAlarmStatisticsOfOrga"};
+        QTest::newRow("kind 2") << 2 << QStringList{"getAlarmStatisticsOfDevice"};
+        QTest::newRow("kind 3") << 3 << QStringList{"getOnlineStatisticsOfOrga"};
+        QTest::newRow("kind 4") << 4 << QStringList{"getOnlineStatisticsOfDevice"};
+        QTest::newRow("kind 6") << 6 << QStringList{"getTemperatureStatisticsOfPerson"};
+        for (int type : {0, 10, -1, most})
+            QTest::addRow("kind %d falls to kind 1", type) << type << QStringList{"getAlarmStatisticsOfOrga"};
+    }
+
+    void eachKindHasItsDrillDown()
+    {
+        QFETCH(int, type);
+        make(1);
+        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        page->setServiceType(type);
+        fillEveryList();
+        LogCapture log;
+        page->getChartDataByBarId(QStringLiteral("3"));
+        QTEST(service->calls, "calls");
+        QCOMPARE(emptyLists(), (QStringList{"line", "line2", "pie"}));
+        QVERIFY(inOrder(
+            log.lines(), {"BasicChart::getChartDataByBarId", "BasicChart::clearPieAndLineChartData"}));
+        QCOMPARE(log.lines().constFirst(), QStringLiteral("BasicChart::getChartDataByBarId"));
+        const QString all = log.lines().join(QLatin1Char('\n'));
+        QVERIFY(all.indexOf(QStringLiteral("linedatalist")) > 0);
+        QVERIFY(all.indexOf(QStringLiteral(" piedatalist ")) > all.indexOf(QStringLiteral("linedatalist")));
+    }
+
+    void otherKindsAskNeitherAlarmsNorOnlineFigures_data()
+    {
+        QTest::addColumn<int>("type");
+        for (int type : {5, 6, 7, 8, 9})
+            QTest::addRow("kind %d", type) << type;
+    }
+
+    void otherKindsAskNeitherAlarmsNorOnlineFigures()
+    {
+        QFETCH(int, type);
+        make(1);
+        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        page->setServiceType(type);
+        fillEveryList();
+        page->getChartDataByBarId(QStringLiteral("3"));
+        for (const QString &call : service->calls)
+            QVERIFY2(
+                !call.contains(QStringLiteral("AlarmStatistics")) && !call.contains(QStringLiteral("Online")),
+                qPrintable(call));
+        QVERIFY(page->lineDataList.isEmpty());
+        QCOMPARE(page->barDataList, (LabelledValues{{"bar", 1}}));
+    }
+
+    void groupsAskForTheGroupAndBothDistributions()
+    {
+        make(1);
+        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        page->setServiceType(5);
+        page->getChartDataByBarId(QStringLiteral("3"));
+        QCOMPARE(service->calls.count(QStringLiteral("getTemperatureStatisticsOfGroup")), 1);
+        QCOMPARE(service->calls.count(QStringLiteral("getTempStatisticsDistributionOfGroups")), 2);
+        QCOMPARE(service->calls.size(), 3);
+    }
+
+    void aDrillDownSortsTheLineAndTellsBothLists()
+    {
+        make(1);
+        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        client->addAlarmType(1, "Motion");
+        client->addAlarmType(2, "Fire");
+        answerRows(service->alarmStatisticsOfOrga,
+            {alarmsOfPeriod("2024-05-03 10", 1, 5), alarmsOfPeriod("2024-05-03 09", 2, 3),
+                alarmsOfPeriod("2024-05-03 10", 2, 4)});
+        fillEveryList();
+        LogCapture log;
+        page->getChartDataByBarId(QStringLiteral("3"));
+        QCOMPARE(page->lineDataList, (LabelledValues{{"2024-05-03 09", 3}, {"2024-05-03 10", 9}}));
+        QCOMPARE(page->pieDataList, (LabelledValues{{"Motion", 5}, {"Fire", 7}}));
+        QVERIFY(page->lineDataList2.isEmpty());
+        const QString all = log.lines().join(QLatin1Char('\n'));
+        const auto lineAt = all.indexOf(QStringLiteral("linedatalist"));
+        const auto pieAt = all.indexOf(QStringLiteral(" piedatalist "));
+        QVERIFY(lineAt > 0 && pieAt > lineAt);
+        const QString lineText = all.mid(lineAt, pieAt - lineAt);
+        const auto nine = lineText.indexOf(QStringLiteral("std::pair(\"2024-05-03 09\",3)"));
+        const auto ten = lineText.indexOf(QStringLiteral("std::pair(\"2024-05-03 10\",9)"));
+        QVERIFY(nine > 0 && ten > nine);
+        QVERIFY(all.mid(pieAt).contains(QStringLiteral("std::pair(\"Fire\",7)")));
+    }
+
+    void everyDrillDownReplacesTheOneBefore()
+    {
+        make(1);
+        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        answerRows(service->alarmStatisticsOfOrga, {alarmsOfPeriod("2024-05-03 10", -1, 5)});
+        page->getChartDataByBarId(QStringLiteral("3"));
+        answerRows(service->alarmStatisticsOfOrga, {alarmsOfPeriod("2024-05-03 11", -1, 6)});
+        page->getChartDataByBarId(QStringLiteral("2"));
+        QCOMPARE(page->lineDataList, (LabelledValues{{"2024-05-03 11", 6}}));
+        QCOMPARE(page->pieDataList, (LabelledValues{{"2024-05-03 11", 6}}));
+        answerRows(service->alarmStatisticsOfOrga, {});
+        page->getChartDataByBarId(QStringLiteral("2"));
+        QVERIFY(page->lineDataList.isEmpty());
+        QVERIFY(page->pieDataList.isEmpty());
+    }
+
+    void everySearchReplacesTheBars()
+    {
+        answerRows(service->alarmStatisticsOfOrgas, {alarmsOfOrganisation(2, 4), alarmsOfOrganisation(3, 5)});
+        QVERIFY(open(1));
+        QCOMPARE(page->devDataList, (LabelledKeys{{"Plant North", "2"}, {"Plant South", "3"}}));
+        QCOMPARE(page->barDataList, (LabelledValues{{"Plant South", 5}, {"Plant North", 4}}));
+        answerRows(service->alarmStatisticsOfOrgas, {alarmsOfOrganisation(1, 7)});
+        page->slotSearch();
+        QCOMPARE(page->devDataList, (LabelledKeys{{"Company", "1"}}));
+        QCOMPARE(page->barDataList, (LabelledValues{{"Company", 7}}));
+    }
+
+    void sortingReordersTheBarsAlone()
+    {
+        client->addDevice("d1", "Camera", "", 4);
+        client->addDevice("d2", "Recorder", "", 2);
+        answerPage(
+            service->alarmStatisticsOfDevices, {alarmsOfDevice("d1", 4), alarmsOfDevice("d2", 5)}, 1, 1);
+        QVERIFY(open(2));
+        QCOMPARE(page->barDataList, (LabelledValues{{"Recorder", 5}, {"Camera", 4}}));
+        QCOMPARE(page->devDataList, (LabelledKeys{{"Camera", "d1"}, {"Recorder", "d2"}}));
+        QCOMPARE(page->devTypeDataList, (LabelledValues{{"Camera", 4}, {"Recorder", 2}}));
+    }
+
+    void aSearchWithoutResultKeepsTheBarsAndEmptiesThePie()
+    {
+        answerRows(service->alarmStatisticsOfOrgas, {alarmsOfOrganisation(2, 4)});
+        answerRows(service->alarmStatisticsOfOrga, {alarmsOfPeriod("2024-05-03 10", -1, 5)});
+        QVERIFY(open(1));
+        QVERIFY(!page->pieDataList.isEmpty());
+        service->failWith(QStringLiteral("closed"));
+        page->slotSearch();
+        QCOMPARE(page->barDataList, (LabelledValues{{"Plant North", 4}}));
+        QCOMPARE(page->devDataList, (LabelledKeys{{"Plant North", "2"}}));
+        QCOMPARE(page->lineDataList, (LabelledValues{{"2024-05-03 10", 5}}));
+        QVERIFY(page->pieDataList.isEmpty());
+        QVERIFY(!page->barChartView->chart()->isVisible());
+    }
+
+    void aDrillDownOfAHundredThousandPeriodsKeepsThemAll()
+    {
+        make(3);
+        std::vector<OnlineStatisticsRecord> rows;
+        for (int i = 0; i < 100000; ++i)
+            rows.push_back(onlineOfPeriod(std::to_string(i), i));
+        page->setOnlinePieAndLineList(rows);
+        QCOMPARE(page->lineDataList.size(), 100000);
+        QCOMPARE(page->lineDataList.constLast(), (std::pair(QStringLiteral("99999"), 99999)));
+        QCOMPARE(page->pieDataList.size(), 99999);
+        QCOMPARE(page->pieDataList.constFirst(), (std::pair(QStringLiteral("1"), 1)));
+    }
+
+    void fiveThousandDevicesOfOneNameKeepTheirKeys()
+    {
+        make(2);
+        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        std::vector<AlarmStatisticsRecord> rows;
+        for (int i = 0; i < 5000; ++i) {
+            client->addDevice(std::to_string(i), "Gate", "address " + std::to_string(i), 1);
+            rows.push_back(alarmsOfDevice(std::to_string(i), i));
+        }
+        page->setBarList(rows);
+        QCOMPARE(page->barDataList.size(), 5000);
+        QCOMPARE(page->devDataList.constFirst(), (std::pair(QStringLiteral("Gate"), QStringLiteral("0"))));
+        QCOMPARE(page->devDataList.constLast(),
+            (std::pair(QStringLiteral("address 4999"), QStringLiteral("4999"))));
+    }
+};
+
+TALVIX_TEST_MAIN(TestChartData)
+#include "tst_chart_data.moc"

@@ -1,0 +1,1088 @@
+#include "support/StatisticsScene.h"
+#include "support/TestMain.h"
+
+#include <devhost/widgets/HostSettings.h>
+#include <export/TempResultExportWidget.h>
+#include <TalvixWidgets/AppLanguageTr.h>
+#include <TalvixWidgets/AppStyleHelper.h>
+#include <TalvixWidgets/ZrChartView.h>
+#include <TalvixWidgets/ZrPushButton.h>
+
+#include <QtCharts/QChart>
+#include <QtCore/QDir>
+#include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QTemporaryDir>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLayout>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QRadioButton>
+
+#include <cmath>
+#include <functional>
+#include <optional>
+
+namespace {
+
+const QString successText = QStringLiteral("TK_ExportSuccess");
+
+/// The first window of a class that is on show, or null.
+template <typename Window>
+Window *shownWindow()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (auto *found = qobject_cast<Window *>(window); found && found->isVisible())
+            return found;
+    }
+    return nullptr;
+}
+
+/// Whether a note with this text lies over the page.
+bool messageIsShown(const QWidget &page, const QString &words)
+{
+    const QList<QWidget *> children = page.findChildren<QWidget *>();
+    return std::any_of(children.cbegin(), children.cend(),
+        [&words](const QWidget *child) { return child->isVisible() && child->accessibleName() == words; });
+}
+
+bool hasWaitCursor()
+{
+    const QCursor *cursor = QGuiApplication::overrideCursor();
+    return cursor && cursor->shape() == Qt::WaitCursor;
+}
+
+/// Plays the user while an export blocks in its dialogs: one step after another, each as soon as its window
+/// shows.
+class User : public QObject
+{
+public:
+    void inFileDialog(const std::function<void(QFileDialog &)> &act)
+    {
+        add(
+            QStringLiteral("file dialog"), [] { return shownWindow<QFileDialog>() != nullptr; },
+            [act] { act(*shownWindow<QFileDialog>()); });
+    }
+
+    void savesAs(const QString &file)
+    {
+        inFileDialog([file](QFileDialog &dialog) { save(dialog, file); });
+    }
+
+    void cancelsFileDialog()
+    {
+        inFileDialog([](QFileDialog &dialog) { dialog.reject(); });
+    }
+
+    void agreesToReplace()
+    {
+        add(
+            QStringLiteral("question"), [] { return shownWindow<QMessageBox>() != nullptr; },
+            [] { shownWindow<QMessageBox>()->button(QMessageBox::Yes)->click(); });
+    }
+
+    void inModeDialog(const std::function<void(TempResultExportWidget &)> &act)
+    {
+        add(
+            QStringLiteral("mode dialog"), [] { return shownWindow<TempResultExportWidget>() != nullptr; },
+            [act] { act(*shownWindow<TempResultExportWidget>()); });
+    }
+
+    void choosesMode(const char *radioButton, const char *button)
+    {
+        inModeDialog([radioButton, button](TempResultExportWidget &dialog) {
+            press(dialog, radioButton);
+            press(dialog, button);
+        });
+    }
+
+    /// Presses the export button of the page; true when every step found its window.
+    bool exports(StatisticsScene &scene)
+    {
+        return plays([&scene] { scene.press("pushButtonExport"); });
+    }
+
+    /// Does what blocks; true when every step found its window.
+    bool plays(const std::function<void()> &block)
+    {
+        poll();
+        block();
+        return m_steps.isEmpty() && m_missed.isEmpty();
+    }
+
+    static void save(QFileDialog &dialog, const QString &file)
+    {
+        dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(file);
+        dialog.findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"))
+            ->button(QDialogButtonBox::Save)
+            ->click();
+    }
+
+    static void press(QWidget &dialog, const char *button)
+    {
+        QTest::mouseClick(dialog.findChild<QWidget *>(QString::fromLatin1(button)), Qt::LeftButton);
+    }
+
+private:
+    struct Step
+    {
+        QString window;
+        std::function<bool()> ready;
+        std::function<void()> act;
+    };
+
+    void add(const QString &window, const std::function<bool()> &ready, const std::function<void()> &act)
+    {
+        m_steps.append({window, ready, act});
+    }
+
+    void poll()
+    {
+        if (m_steps.isEmpty())
+            return;
+        // A step may block in a window of its own, so the next one waits on a timer of its own.
+        QTimer::singleShot(10, this, [this] { poll(); });
+        if (m_steps.first().ready()) {
+            const Step step = m_steps.takeFirst();
+            m_waited = 0;
+            step.act();
+        } else if (++m_waited > 500) {
+            m_missed = m_steps.first().window;
+            qWarning() << "The user waited in vain for the" << m_missed;
+            leaveEverything();
+        }
+    }
+
+    static void leaveEverything()
+    {
+        if (auto *question = shownWindow<QMessageBox>())
+            question->reject();
+        if (auto *dialog = shownWindow<QFileDialog>())
+            dialog->reject();
+        if (auto *dialog = shownWindow<TempResultExportWidget>())
+            dialog->on_pushButtonCancel_clicked();
+    }
+
+    QList<Step> m_steps;
+    QString m_missed;
+    int m_waited = 0;
+};
+
+QStringList filesIn(const QTemporaryDir &directory)
+{
+    return QDir(directory.path())
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), content.size());
+}
+
+bool isPdf(const QString &path)
+{
+    const QByteArray content = contentOf(path);
+    return content.startsWith("%PDF-") && content.trimmed().endsWith("%%EOF");
+}
+
+/// What a program of the system prints; nothing when it fails.
+std::optional<QString> outputOf(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit
+        || process.exitCode() != 0)
+        return std::nullopt;
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+bool popplerIsThere()
+{
+    for (const char *program : {"pdfinfo", "pdfimages", "pdftoppm"}) {
+        if (QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty())
+            return false;
+    }
+    return true;
+}
+
+/// The rectangle around everything on the sheet that is not white.
+QRect inkOf(const QImage &sheet)
+{
+    QRect ink;
+    for (int y = 0; y < sheet.height(); ++y) {
+        for (int x = 0; x < sheet.width(); ++x) {
+            if (qGray(sheet.pixel(x, y)) < 250)
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return ink;
+}
+
+/// Mean difference of the colour parts of two pictures of one size, 0 to 255.
+double difference(const QImage &a, const QImage &b)
+{
+    double sum = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb one = a.pixel(x, y);
+            const QRgb two = b.pixel(x, y);
+            sum += std::abs(qRed(one) - qRed(two)) + std::abs(qGreen(one) - qGreen(two))
+                + std::abs(qBlue(one) - qBlue(two));
+        }
+    }
+    return sum / (3.0 * a.width() * a.height());
+}
+
+/// The items of a layout: names of widgets and layouts, sizes of spacers.
+QStringList itemsOf(QLayout *layout)
+{
+    QStringList items;
+    for (int index = 0; index < layout->count(); ++index) {
+        QLayoutItem *item = layout->itemAt(index);
+        if (item->widget())
+            items.append(item->widget()->objectName());
+        else if (item->layout())
+            items.append(item->layout()->objectName());
+        else if (item->spacerItem()->expandingDirections())
+            items.append(QStringLiteral("stretch"));
+        else
+            items.append(
+                QStringLiteral("space %1x%2").arg(item->sizeHint().width()).arg(item->sizeHint().height()));
+    }
+    return items;
+}
+
+QMap<QByteArray, QVariant> dynamicPropertiesOf(const QObject *object)
+{
+    QMap<QByteArray, QVariant> properties;
+    const QList<QByteArray> names = object->dynamicPropertyNames();
+    for (const QByteArray &name : names)
+        properties.insert(name, object->property(name.constData()));
+    return properties;
+}
+
+class CountingDialog : public TempResultExportWidget
+{
+public:
+    using TempResultExportWidget::TempResultExportWidget;
+    void retranslateUi() override
+    {
+        ++renewals;
+        TempResultExportWidget::retranslateUi();
+    }
+    int renewals = 0;
+};
+
+} // namespace
+
+class TestExport : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+
+    // The dialog
+    void theDialogIsAWindowOverItsPage();
+    void signalAndSlotsStandInTheirOrder();
+    void layoutsOfTheDialog_data();
+    void layoutsOfTheDialog();
+    void sizesOfTheDialog();
+    void textsOfTheDialog_data();
+    void textsOfTheDialog();
+    void theDialogStartsWithPdf();
+    void initFormGoesBackToPdfAndRenewsTheTexts();
+    void buttonsOfTheDialogHaveTheirStyles();
+    void buttonsCloseTheDialogAndThenAnswer_data();
+    void buttonsCloseTheDialogAndThenAnswer();
+    void theSignalsCodeIsOneUnlessGiven();
+
+    // Pages without the dialog
+    void aPageExportsWithoutModeDialogAndWaitCursor_data();
+    void aPageExportsWithoutModeDialogAndWaitCursor();
+    void theFileDialogProposesANameWithoutSuffix_data();
+    void theFileDialogProposesANameWithoutSuffix();
+    void theNameDecidesTheSuffix_data();
+    void theNameDecidesTheSuffix();
+    void anExistingFileOfTheNameIsReplaced();
+    void anExistingFileWithoutSuffixIsDeletedAndItsNamesakeReplaced();
+    void aNamesakeWithSuffixIsReplacedWithoutAQuestion();
+    void aCancelledFileDialogWritesNothing();
+    void aPlaceThatCannotBeWrittenIsNotNoticed_data();
+    void aPlaceThatCannotBeWrittenIsNotNoticed();
+    void anExportAsksTheServerNothing();
+    void aSecondExportWritesAgain();
+
+    // The picture
+    void theSheetHoldsOnePictureOfThePage_data();
+    void theSheetHoldsOnePictureOfThePage();
+    void thePictureShowsThePageAsItStands_data();
+    void thePictureShowsThePageAsItStands();
+    void theSheetHasNoTitle();
+
+    // Pages of device groups
+    void deviceGroupsAskForTheModeFirst();
+    void confirmedPdfIsWrittenUnderAWaitCursor();
+    void confirmedPdfWithoutAFileShowsNoMessage();
+    void confirmedExcelDoesNothing();
+    void aDismissedModeDialogDoesNothing_data();
+    void aDismissedModeDialogDoesNothing();
+    void aSecondExportReusesTheDialogWithAFreshConnection();
+    void aDismissedExportDoesNotSpoilTheNextOne();
+    void searchesRunWhileTheModeDialogIsOpen();
+    void aPageThatGoesAwayEndsItsExport();
+};
+
+void TestExport::initTestCase()
+{
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+}
+
+void TestExport::cleanup()
+{
+    HostSettings::setLanguage({});
+    setPresentMoment({});
+    while (QGuiApplication::overrideCursor())
+        QGuiApplication::restoreOverrideCursor();
+}
+
+void TestExport::theDialogIsAWindowOverItsPage()
+{
+    QWidget page;
+    TempResultExportWidget dialog(&page);
+    QCOMPARE(dialog.objectName(), QStringLiteral("TempResultExportWidget"));
+    QCOMPARE(dialog.parentWidget(), &page);
+    QCOMPARE(dialog.windowType(), Qt::Dialog);
+    QCOMPARE(dialog.size(), QSize(349, 178));
+    QVERIFY(!dialog.isVisible());
+}
+
+void TestExport::signalAndSlotsStandInTheirOrder()
+{
+    const QMetaObject &meta = TempResultExportWidget::staticMetaObject;
+    QStringList methods;
+    for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
+        const QMetaMethod method = meta.method(index);
+        if (method.attributes() & QMetaMethod::Cloned)
+            continue;
+        methods.append(QString::fromLatin1(method.methodSignature()));
+    }
+    QCOMPARE(methods,
+        QStringList({"signalConfirm(int)", "on_pushButtonOK_clicked()", "on_pushButtonClose_clicked()",
+            "on_pushButtonCancel_clicked()"}));
+    QCOMPARE(meta.method(meta.methodOffset()).methodType(), QMetaMethod::Signal);
+}
+
+void TestExport::layoutsOfTheDialog_data()
+{
+    QTest::addColumn<QString>("layout");
+    QTest::addColumn<QStringList>("items");
+    QTest::newRow("the dialog") << "verticalLayout" << QStringList({"verticalLayout_2"});
+    QTest::newRow("from top to bottom") << "verticalLayout_2"
+                                        << QStringList({"horizontalLayout_5", "stretch", "verticalLayout_3",
+                                               "stretch", "horizontalLayout_8"});
+    QTest::newRow("the title") << "horizontalLayout_5"
+                               << QStringList(
+                                      {"labelTitlePixmap", "labelTitle", "stretch", "pushButtonClose"});
+    QTest::newRow("the modes") << "verticalLayout_3"
+                               << QStringList({"horizontalLayout_6", "horizontalLayout_7"});
+    QTest::newRow("the word before the modes")
+        << "horizontalLayout_6" << QStringList({"space 20x20", "labelMode", "stretch"});
+    QTest::newRow("the two modes") << "horizontalLayout_7"
+                                   << QStringList(
+                                          {"space 20x20", "radioButtonPDF", "radioButtonExcel", "stretch"});
+    QTest::newRow("the buttons") << "horizontalLayout_8"
+                                 << QStringList({"stretch", "pushButtonCancel", "pushButtonOK"});
+}
+
+void TestExport::layoutsOfTheDialog()
+{
+    QFETCH(QString, layout);
+    TempResultExportWidget dialog(nullptr);
+    auto *found = dialog.findChild<QLayout *>(layout);
+    QVERIFY(found);
+    QTEST(itemsOf(found), "items");
+}
+
+void TestExport::sizesOfTheDialog()
+{
+    TempResultExportWidget dialog(nullptr);
+    QCOMPARE(dialog.layout()->objectName(), QStringLiteral("verticalLayout"));
+    const QMargins title =
+        dialog.findChild<QLayout *>(QStringLiteral("horizontalLayout_5"))->contentsMargins();
+    QCOMPARE(title.top(), 0);
+    QCOMPARE(title.right(), 10);
+    auto *buttons = dialog.findChild<QLayout *>(QStringLiteral("horizontalLayout_8"));
+    QCOMPARE(buttons->contentsMargins().right(), 10);
+    QCOMPARE(buttons->spacing(), 10);
+    auto *rows = dialog.findChild<QLayout *>(QStringLiteral("verticalLayout_2"));
+    for (const int index : {1, 3}) {
+        const QLayoutItem *space = rows->itemAt(index);
+        QCOMPARE(space->sizeHint(), QSize(20, 30));
+        QCOMPARE(space->expandingDirections(), Qt::Vertical);
+    }
+    for (const char *name : {"pushButtonOK", "pushButtonCancel"}) {
+        const auto *button = dialog.findChild<ZrPushButton *>(QString::fromLatin1(name));
+        QVERIFY(button);
+        QCOMPARE(button->minimumSize(), QSize(80, 28));
+        QCOMPARE(button->maximumWidth(), 100);
+    }
+    QVERIFY(dialog.findChild<ZrPushButton *>(QStringLiteral("pushButtonClose")));
+    const auto *mark = dialog.findChild<QLabel *>(QStringLiteral("labelTitlePixmap"));
+    QVERIFY(mark);
+    const QPixmap picture(QStringLiteral(":/images/home/common/common_16/export_16.png"));
+    QVERIFY(!picture.isNull());
+    QCOMPARE(mark->pixmap().toImage(), picture.toImage());
+}
+
+void TestExport::textsOfTheDialog_data()
+{
+    QTest::addColumn<QByteArray>("widget");
+    QTest::addColumn<QByteArray>("use");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<int>("capital");
+    QTest::newRow("the title") << QByteArray("labelTitle") << QByteArray("text") << "TK_Export" << 1;
+    QTest::newRow("the word before the modes")
+        << QByteArray("labelMode") << QByteArray("text") << "TK_ExportMode" << 1;
+    QTest::newRow("Excel") << QByteArray("radioButtonExcel") << QByteArray("text") << "Excel" << 1;
+    QTest::newRow("PDF") << QByteArray("radioButtonPDF") << QByteArray("text") << "PDF" << 1;
+    QTest::newRow("OK") << QByteArray("pushButtonOK") << QByteArray("text") << "TK_OK" << 1;
+    QTest::newRow("cancel") << QByteArray("pushButtonCancel") << QByteArray("text") << "TK_Cancel" << 2;
+    QTest::newRow("close is a tip") << QByteArray("pushButtonClose") << QByteArray("toolTip") << "TK_Close"
+                                    << 1;
+    QTest::newRow("close has no text") << QByteArray("pushButtonClose") << QByteArray("text") << "" << 1;
+}
+
+void TestExport::textsOfTheDialog()
+{
+    QFETCH(QByteArray, widget);
+    QFETCH(QByteArray, use);
+    QFETCH(QString, key);
+    QFETCH(int, capital);
+    TempResultExportWidget dialog(nullptr);
+    const auto *part = dialog.findChild<QWidget *>(QString::fromLatin1(widget));
+    QVERIFY(part);
+    QCOMPARE(part->property(use.constData()).toString(), key);
+
+    QVERIFY(HostSettings::setLanguage(QStringLiteral("x-long")));
+    const QString translated =
+        AppLanguageTr::instance()->translate(key, static_cast<AppLanguageTr::CaptitalType>(capital), -1);
+    if (key.startsWith(QLatin1String("TK_")))
+        QVERIFY(translated != key);
+    QCoreApplication::processEvents();
+    QCOMPARE(part->property(use.constData()).toString(), translated);
+}
+
+void TestExport::theDialogStartsWithPdf()
+{
+    TempResultExportWidget dialog(nullptr);
+    QCOMPARE(dialog.getExportMode(), 0);
+    auto *pdf = dialog.findChild<QRadioButton *>(QStringLiteral("radioButtonPDF"));
+    auto *excel = dialog.findChild<QRadioButton *>(QStringLiteral("radioButtonExcel"));
+    QVERIFY(pdf->isChecked());
+    excel->click();
+    QCOMPARE(dialog.getExportMode(), 1);
+    QVERIFY(!pdf->isChecked());
+    pdf->click();
+    QCOMPARE(dialog.getExportMode(), 0);
+    pdf->setAutoExclusive(false);
+    pdf->setChecked(false);
+    QCOMPARE(dialog.getExportMode(), 1);
+}
+
+void TestExport::initFormGoesBackToPdfAndRenewsTheTexts()
+{
+    CountingDialog dialog(nullptr);
+    dialog.findChild<QRadioButton *>(QStringLiteral("radioButtonExcel"))->click();
+    auto *title = dialog.findChild<QLabel *>(QStringLiteral("labelTitle"));
+    title->clear();
+    dialog.renewals = 0;
+    dialog.initForm();
+    QCOMPARE(dialog.getExportMode(), 0);
+    QCOMPARE(dialog.renewals, 1);
+    QCOMPARE(title->text(), QStringLiteral("TK_Export"));
+}
+
+void TestExport::buttonsOfTheDialogHaveTheirStyles()
+{
+    TempResultExportWidget dialog(nullptr);
+    ZrPushButton confirm;
+    AppStyleHelper::updateWidgetStyle(&confirm, AppStyleHelper::ConfirmButton);
+    ZrPushButton cancel;
+    AppStyleHelper::updateWidgetStyle(&cancel, AppStyleHelper::CancelButton);
+    QVERIFY(dynamicPropertiesOf(&confirm) != dynamicPropertiesOf(&cancel));
+    auto *ok = dialog.findChild<ZrPushButton *>(QStringLiteral("pushButtonOK"));
+    auto *no = dialog.findChild<ZrPushButton *>(QStringLiteral("pushButtonCancel"));
+    QCOMPARE(dynamicPropertiesOf(ok), dynamicPropertiesOf(&confirm));
+    QCOMPARE(dynamicPropertiesOf(no), dynamicPropertiesOf(&cancel));
+
+    AppStyleHelper::updateWidgetStyle(ok, AppStyleHelper::ToolButton);
+    AppStyleHelper::updateWidgetStyle(no, AppStyleHelper::ToolButton);
+    dialog.initForm();
+    QCOMPARE(dynamicPropertiesOf(ok), dynamicPropertiesOf(&confirm));
+    QCOMPARE(dynamicPropertiesOf(no), dynamicPropertiesOf(&cancel));
+}
+
+void TestExport::buttonsCloseTheDialogAndThenAnswer_data()
+{
+    QTest::addColumn<QByteArray>("button");
+    QTest::addColumn<int>("code");
+    QTest::newRow("OK") << QByteArray("pushButtonOK") << 1;
+    QTest::newRow("cancel") << QByteArray("pushButtonCancel") << 0;
+    QTest::newRow("close") << QByteArray("pushButtonClose") << 0;
+}
+
+void TestExport::buttonsCloseTheDialogAndThenAnswer()
+{
+    QFETCH(QByteArray, button);
+    QFETCH(int, code);
+    QWidget page;
+    page.show();
+    TempResultExportWidget dialog(&page);
+    dialog.showZrDialog();
+    QVERIFY(dialog.isVisible());
+    QList<std::pair<int, bool>> answers;
+    connect(&dialog, &TempResultExportWidget::signalConfirm, this, [&](int answer) {
+        answers.append({answer, dialog.isVisible()});
+    });
+    User::press(dialog, button.constData());
+    QCOMPARE(answers, (QList<std::pair<int, bool>>({{code, false}})));
+    QVERIFY(!dialog.isVisible());
+}
+
+void TestExport::theSignalsCodeIsOneUnlessGiven()
+{
+    TempResultExportWidget dialog(nullptr);
+    QSignalSpy spy(&dialog, &TempResultExportWidget::signalConfirm);
+    Q_EMIT dialog.signalConfirm();
+    QCOMPARE(spy.size(), 1);
+    QCOMPARE(spy.first().first().toInt(), 1);
+}
+
+void TestExport::aPageExportsWithoutModeDialogAndWaitCursor_data()
+{
+    QTest::addColumn<int>("type");
+    for (int type = 1; type <= 8; ++type)
+        QTest::addRow("service %d", type) << type;
+}
+
+void TestExport::aPageExportsWithoutModeDialogAndWaitCursor()
+{
+    QFETCH(int, type);
+    QTemporaryDir directory;
+    StatisticsScene scene(type);
+    User user;
+    bool cursorWasSet = true;
+    user.inFileDialog([&](QFileDialog &dialog) {
+        cursorWasSet = QGuiApplication::overrideCursor() != nullptr;
+        User::save(dialog, directory.filePath(QStringLiteral("report")));
+    });
+    QVERIFY(user.exports(scene));
+    QVERIFY(!cursorWasSet);
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!scene.page.m_pExportWidget);
+    QCOMPARE(filesIn(directory), QStringList({"report.pdf"}));
+    QVERIFY(messageIsShown(scene.page, successText));
+    QCOMPARE(scene.tips(), QStringList());
+}
+
+void TestExport::theFileDialogProposesANameWithoutSuffix_data()
+{
+    QTest::addColumn<QDateTime>("moment");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("the afternoon") << testMoment() << "StatisticCharts_2024-05-03 17-20-30";
+    QTest::newRow("the night of a leap day")
+        << QDateTime(QDate(2024, 2, 29), QTime(3, 4, 5)) << "StatisticCharts_2024-02-29 03-04-05";
+}
+
+void TestExport::theFileDialogProposesANameWithoutSuffix()
+{
+    QFETCH(QDateTime, moment);
+    StatisticsScene scene(1);
+    setPresentMoment(moment);
+    User user;
+    QString name;
+    QString title;
+    QString suffix = QStringLiteral("unread");
+    QStringList filters;
+    const QWidget *parent = nullptr;
+    bool saves = false;
+    bool asksBeforeReplacing = false;
+    user.inFileDialog([&](QFileDialog &dialog) {
+        name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text();
+        title = dialog.windowTitle();
+        suffix = dialog.defaultSuffix();
+        filters = dialog.nameFilters();
+        parent = dialog.parentWidget();
+        saves = dialog.acceptMode() == QFileDialog::AcceptSave;
+        asksBeforeReplacing = !dialog.testOption(QFileDialog::DontConfirmOverwrite);
+        dialog.reject();
+    });
+    QVERIFY(user.exports(scene));
+    QTEST(name, "name");
+    QCOMPARE(title, QStringLiteral("TK_SaveImportResult"));
+    QCOMPARE(suffix, QString());
+    QCOMPARE(filters, QStringList({"*.pdf"}));
+    QCOMPARE(parent, &scene.page);
+    QVERIFY(saves);
+    QVERIFY(asksBeforeReplacing);
+}
+
+void TestExport::theNameDecidesTheSuffix_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("no suffix gets one") << "report"
+                                        << "report.pdf";
+    QTest::newRow("the suffix stays") << "report.pdf"
+                                      << "report.pdf";
+    QTest::newRow("capitals stay") << "REPORT.PDF"
+                                   << "REPORT.PDF";
+    QTest::newRow("another suffix stays") << "report.txt"
+                                          << "report.txt";
+    QTest::newRow("a version number is a suffix") << "report v1.2"
+                                                  << "report v1.2";
+    QTest::newRow("a dot at the end is no suffix") << "report."
+                                                   << "report..pdf";
+    QTest::newRow("a hidden name is a suffix") << ".report"
+                                               << ".report";
+    QTest::newRow("a name of any script")
+        << QString::fromUtf8("Übersicht 温度") << QString::fromUtf8("Übersicht 温度.pdf");
+}
+
+void TestExport::theNameDecidesTheSuffix()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, written);
+    QTemporaryDir directory;
+    StatisticsScene scene(1);
+    User user;
+    user.savesAs(directory.filePath(typed));
+    QVERIFY(user.exports(scene));
+    QCOMPARE(filesIn(directory), QStringList({written}));
+    QVERIFY(isPdf(directory.filePath(written)));
+    QVERIFY(messageIsShown(scene.page, successText));
+}
+
+void TestExport::anExistingFileOfTheNameIsReplaced()
+{
+    QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("report.pdf"));
+    write(path, QByteArray(3000000, 'x'));
+    StatisticsScene scene(1);
+    User user;
+    user.savesAs(path);
+    user.agreesToReplace();
+    QVERIFY(user.exports(scene));
+    QCOMPARE(filesIn(directory), QStringList({"report.pdf"}));
+    QVERIFY(isPdf(path));
+}
+
+void TestExport::anExistingFileWithoutSuffixIsDeletedAndItsNamesakeReplaced()
+{
+    QTemporaryDir directory;
+    write(directory.filePath(QStringLiteral("report")), "notes");
+    write(directory.filePath(QStringLiteral("report.pdf")), QByteArray(3000000, 'x'));
+    write(directory.filePath(QStringLiteral("report.txt")), "kept");
+    StatisticsScene scene(1);
+    User user;
+    user.savesAs(directory.filePath(QStringLiteral("report")));
+    user.agreesToReplace();
+    QVERIFY(user.exports(scene));
+    QCOMPARE(filesIn(directory), QStringList({"report.pdf", "report.txt"}));
+    QVERIFY(isPdf(directory.filePath(QStringLiteral("report.pdf"))));
+    QCOMPARE(contentOf(directory.filePath(QStringLiteral("report.txt"))), QByteArray("kept"));
+}
+
+void TestExport::aNamesakeWithSuffixIsReplacedWithoutAQuestion()
+{
+    QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("report.pdf"));
+    write(path, QByteArray(3000000, 'x'));
+    StatisticsScene scene(1);
+    User user;
+    user.savesAs(directory.filePath(QStringLiteral("report")));
+    QVERIFY(user.exports(scene));
+    QCOMPARE(filesIn(directory), QStringList({"report.pdf"}));
+    QVERIFY(isPdf(path));
+}
+
+void TestExport::aCancelledFileDialogWritesNothing()
+{
+    QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("report.pdf"));
+    write(path, "kept");
+    StatisticsScene scene(1);
+    User user;
+    user.inFileDialog([&](QFileDialog &dialog) {
+        dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
+        dialog.reject();
+    });
+    QVERIFY(user.exports(scene));
+    QVERIFY(!messageIsShown(scene.page, successText));
+    QCOMPARE(filesIn(directory), QStringList({"report.pdf"}));
+    QCOMPARE(contentOf(path), QByteArray("kept"));
+    QCOMPARE(scene.tips(), QStringList());
+
+    QTimer::singleShot(0, this, [] {
+        if (auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget()))
+            dialog->reject();
+    });
+    QVERIFY(!scene.page.createPdf());
+}
+
+void TestExport::aPlaceThatCannotBeWrittenIsNotNoticed_data()
+{
+    QTest::addColumn<QString>("place");
+    QTest::newRow("a directory that is not there") << "missing/report";
+    QTest::newRow("a directory that is a file") << "file/report";
+}
+
+void TestExport::aPlaceThatCannotBeWrittenIsNotNoticed()
+{
+    QFETCH(QString, place);
+    QTemporaryDir directory;
+    write(directory.filePath(QStringLiteral("file")), "kept");
+    StatisticsScene scene(1);
+    LogCapture log;
+    User user;
+    user.savesAs(directory.filePath(place));
+    QVERIFY(user.exports(scene));
+    QCOMPARE(filesIn(directory), QStringList({"file"}));
+    QCOMPARE(contentOf(directory.filePath(QStringLiteral("file"))), QByteArray("kept"));
+    QVERIFY(messageIsShown(scene.page, successText));
+    QCOMPARE(scene.tips(), QStringList());
+}
+
+void TestExport::anExportAsksTheServerNothing()
+{
+    QTemporaryDir directory;
+    StatisticsScene scene(1);
+    User user;
+    user.savesAs(directory.filePath(QStringLiteral("report")));
+    QVERIFY(user.exports(scene));
+    QCOMPARE(scene.manager.calls, QStringList());
+    QCOMPARE(scene.client.calls, QStringList());
+}
+
+void TestExport::aSecondExportWritesAgain()
+{
+    QTemporaryDir directory;
+    StatisticsScene scene(1);
+    for (const char *name : {"first", "second"}) {
+        User user;
+        user.savesAs(directory.filePath(QString::fromLatin1(name)));
+        QVERIFY(user.exports(scene));
+    }
+    QCOMPARE(filesIn(directory), QStringList({"first.pdf", "second.pdf"}));
+    QVERIFY(isPdf(directory.filePath(QStringLiteral("second.pdf"))));
+}
+
+void TestExport::theSheetHoldsOnePictureOfThePage_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("a page in its first size") << QSize(1136, 648);
+    QTest::newRow("a wide page") << QSize(1500, 700);
+}
+
+void TestExport::theSheetHoldsOnePictureOfThePage()
+{
+    if (!popplerIsThere())
+        QSKIP("poppler's tools are not installed");
+    QFETCH(QSize, size);
+    QTemporaryDir directory;
+    const QString file = directory.filePath(QStringLiteral("report.pdf"));
+    StatisticsScene scene(1);
+    scene.page.resize(size);
+    QCOMPARE(scene.page.size(), size);
+    User user;
+    user.savesAs(file);
+    QVERIFY(user.exports(scene));
+
+    // The painter starts on the writer's default sheet, and a sheet that has begun keeps its size.
+    const QString info = outputOf("pdfinfo", {file}).value_or(QString());
+    QVERIFY(info.contains(QRegularExpression(QStringLiteral("Pages:\\s+1\n"))));
+    QVERIFY2(
+        info.contains(QRegularExpression(QStringLiteral("Page size:\\s+595 x 842 pts"))), qPrintable(info));
+
+    const QStringList images = outputOf("pdfimages", {"-list", file})
+                                   .value_or(QString())
+                                   .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(images.size(), 3);
+    const QStringList image = images.last().simplified().split(QLatin1Char(' '));
+    QCOMPARE(image.at(3).toInt(), size.width());
+    QCOMPARE(image.at(4).toInt(), size.height());
+
+    // 595 points less two margins of 10 for the width of the picture; 10 across and 1000 down in its own
+    // pixels.
+    const double pixel = 575.0 / size.width();
+    const double left = 10 + 10 * pixel;
+    const double top = 10 + 1000 * pixel;
+    const QString sheetFile = directory.filePath(QStringLiteral("sheet"));
+    QVERIFY(outputOf("pdftoppm", {"-r", "72", "-png", "-singlefile", file, sheetFile}));
+    const QImage sheet(sheetFile + QStringLiteral(".png"));
+    QCOMPARE(sheet.size(), QSize(595, 842));
+    const QRect ink = inkOf(sheet);
+    QVERIFY2(std::abs(ink.left() - left) <= 1.5, qPrintable(QString::number(ink.left())));
+    QVERIFY2(std::abs(ink.right() + 1 - (left + 575)) <= 1.5, qPrintable(QString::number(ink.right())));
+    QVERIFY2(std::abs(ink.top() - top) <= 1.5, qPrintable(QString::number(ink.top())));
+    QVERIFY2(std::abs(ink.bottom() + 1 - std::min(842.0, top + size.height() * pixel)) <= 1.5,
+        qPrintable(QString::number(ink.bottom())));
+}
+
+void TestExport::thePictureShowsThePageAsItStands_data()
+{
+    QTest::addColumn<bool>("charts");
+    QTest::newRow("with charts") << true;
+    QTest::newRow("without charts") << false;
+}
+
+void TestExport::thePictureShowsThePageAsItStands()
+{
+    if (!popplerIsThere())
+        QSKIP("poppler's tools are not installed");
+    QFETCH(bool, charts);
+    QTemporaryDir directory;
+    const QString file = directory.filePath(QStringLiteral("report.pdf"));
+    StatisticsScene scene(7);
+    if (charts) {
+        answerOrgas(scene.manager.trafficsStatisticsOfOrgas,
+            {{41, "", {{4, 90, 0}, {2, 60, 0}}}, {42, "", {{4, 50, 0}, {2, 30, 0}}}});
+        answerOrgas(scene.manager.trafficsStatisticsOfOrga,
+            {{0, "2024-05-03 01", {{4, 10, 0}}}, {0, "2024-05-03 02", {{4, 80, 0}}}});
+        answerDetails(scene.manager, {{1, {{-700, 5}}}}, {});
+        scene.page.slotSearch();
+        QCOMPARE(scene.page.m_chartViewList.size(), 3);
+        for (ZrChartView *view : std::as_const(scene.page.m_chartViewList))
+            view->chart()->setAnimationOptions(QChart::NoAnimation);
+    }
+    QCoreApplication::processEvents();
+    const QImage expected =
+        scene.page.grab(scene.page.rect()).toImage().convertToFormat(QImage::Format_RGB32);
+
+    User user;
+    user.savesAs(file);
+    QVERIFY(user.exports(scene));
+    const QString prefix = directory.filePath(QStringLiteral("picture"));
+    QVERIFY(outputOf("pdfimages", {"-png", file, prefix}));
+    const QImage picture(prefix + QStringLiteral("-000.png"));
+    QCOMPARE(picture.size(), expected.size());
+
+    // The writer compresses with loss; what it loses is far below what a wrong picture would differ by.
+    const double lost = difference(picture, expected);
+    QVERIFY2(lost < 1.5, qPrintable(QString::number(lost)));
+    QImage blank(expected.size(), QImage::Format_RGB32);
+    blank.fill(expected.pixel(2, 2));
+    QVERIFY(difference(picture, blank) > 2 * lost + 0.5);
+    QVERIFY(difference(picture, expected.mirrored()) > 2 * lost + 0.5);
+}
+
+void TestExport::theSheetHasNoTitle()
+{
+    if (!popplerIsThere())
+        QSKIP("poppler's tools are not installed");
+    QTemporaryDir directory;
+    const QString file = directory.filePath(QStringLiteral("report.pdf"));
+    StatisticsScene scene(1);
+    User user;
+    user.savesAs(file);
+    QVERIFY(user.exports(scene));
+    const QString info = outputOf("pdfinfo", {file}).value_or(QString());
+    QVERIFY2(info.contains(QRegularExpression(QStringLiteral("Title:[ ]*\n"))), qPrintable(info));
+    QVERIFY2(info.contains(QRegularExpression(QStringLiteral("Creator:[ ]*\n"))), qPrintable(info));
+}
+
+void TestExport::deviceGroupsAskForTheModeFirst()
+{
+    StatisticsScene scene(9);
+    QVERIFY(!scene.page.m_pExportWidget);
+    User user;
+    bool cursorWasSet = true;
+    bool fileDialogWasThere = true;
+    const QWidget *parent = nullptr;
+    const QWidget *shown = nullptr;
+    user.inModeDialog([&](TempResultExportWidget &dialog) {
+        cursorWasSet = QGuiApplication::overrideCursor() != nullptr;
+        fileDialogWasThere = shownWindow<QFileDialog>() != nullptr;
+        parent = dialog.parentWidget();
+        shown = &dialog;
+        User::press(dialog, "pushButtonCancel");
+    });
+    QVERIFY(user.exports(scene));
+    QVERIFY(!cursorWasSet);
+    QVERIFY(!fileDialogWasThere);
+    QCOMPARE(parent, &scene.page);
+    QCOMPARE(shown, scene.page.m_pExportWidget);
+}
+
+void TestExport::confirmedPdfIsWrittenUnderAWaitCursor()
+{
+    QTemporaryDir directory;
+    StatisticsScene scene(9);
+    User user;
+    bool waited = false;
+    bool modeDialogWasClosed = false;
+    user.choosesMode("radioButtonPDF", "pushButtonOK");
+    user.inFileDialog([&](QFileDialog &dialog) {
+        waited = hasWaitCursor();
+        modeDialogWasClosed = !scene.page.m_pExportWidget->isVisible();
+        User::save(dialog, directory.filePath(QStringLiteral("report")));
+    });
+    QVERIFY(user.exports(scene));
+    QVERIFY(waited);
+    QVERIFY(modeDialogWasClosed);
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QCOMPARE(filesIn(directory), QStringList({"report.pdf"}));
+    QVERIFY(isPdf(directory.filePath(QStringLiteral("report.pdf"))));
+    QVERIFY(messageIsShown(scene.page, successText));
+}
+
+void TestExport::confirmedPdfWithoutAFileShowsNoMessage()
+{
+    StatisticsScene scene(9);
+    User user;
+    user.choosesMode("radioButtonPDF", "pushButtonOK");
+    user.cancelsFileDialog();
+    QVERIFY(user.exports(scene));
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!messageIsShown(scene.page, successText));
+}
+
+void TestExport::confirmedExcelDoesNothing()
+{
+    QTemporaryDir directory;
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(directory.path()));
+    StatisticsScene scene(9);
+    User user;
+    user.choosesMode("radioButtonExcel", "pushButtonOK");
+    const bool played = user.exports(scene);
+    QVERIFY(QDir::setCurrent(before));
+    QVERIFY(played);
+    QVERIFY(!shownWindow<QFileDialog>());
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!messageIsShown(scene.page, successText));
+    QCOMPARE(scene.tips(), QStringList());
+    QCOMPARE(filesIn(directory), QStringList());
+    QVERIFY(!scene.page.m_pExportWidget->isVisible());
+}
+
+void TestExport::aDismissedModeDialogDoesNothing_data()
+{
+    QTest::addColumn<QByteArray>("way");
+    QTest::newRow("cancel") << QByteArray("pushButtonCancel");
+    QTest::newRow("close") << QByteArray("pushButtonClose");
+    QTest::newRow("the escape key") << QByteArray("escape");
+    QTest::newRow("the window's own closing") << QByteArray("window");
+}
+
+void TestExport::aDismissedModeDialogDoesNothing()
+{
+    QFETCH(QByteArray, way);
+    StatisticsScene scene(9);
+    User user;
+    user.inModeDialog([&way](TempResultExportWidget &dialog) {
+        if (way == "escape")
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        else if (way == "window")
+            dialog.close();
+        else
+            User::press(dialog, way.constData());
+    });
+    QVERIFY(user.exports(scene));
+    QVERIFY(!scene.page.m_pExportWidget->isVisible());
+    QVERIFY(!shownWindow<QFileDialog>());
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!messageIsShown(scene.page, successText));
+}
+
+void TestExport::aSecondExportReusesTheDialogWithAFreshConnection()
+{
+    QTemporaryDir directory;
+    StatisticsScene scene(9);
+    TempResultExportWidget *first = nullptr;
+    int strayAnswers = 0;
+    for (const char *name : {"first", "second", "third"}) {
+        User user;
+        user.choosesMode("radioButtonPDF", "pushButtonOK");
+        user.savesAs(directory.filePath(QString::fromLatin1(name)));
+        QVERIFY(user.exports(scene));
+        QVERIFY(!QGuiApplication::overrideCursor());
+        if (!first)
+            first = scene.page.m_pExportWidget;
+        QCOMPARE(scene.page.m_pExportWidget, first);
+        connect(first, &TempResultExportWidget::signalConfirm, this, [&strayAnswers] { ++strayAnswers; });
+    }
+    QCOMPARE(filesIn(directory), QStringList({"first.pdf", "second.pdf", "third.pdf"}));
+    QCOMPARE(strayAnswers, 0);
+    QCOMPARE(scene.page.findChildren<TempResultExportWidget *>().size(), 1);
+}
+
+void TestExport::aDismissedExportDoesNotSpoilTheNextOne()
+{
+    QTemporaryDir directory;
+    StatisticsScene scene(9);
+    for (const char *button : {"pushButtonCancel", "pushButtonClose"}) {
+        User user;
+        user.choosesMode("radioButtonPDF", button);
+        QVERIFY(user.exports(scene));
+    }
+    {
+        User user;
+        user.choosesMode("radioButtonExcel", "pushButtonOK");
+        QVERIFY(user.exports(scene));
+    }
+    QCOMPARE(filesIn(directory), QStringList());
+    User user;
+    user.choosesMode("radioButtonPDF", "pushButtonOK");
+    user.savesAs(directory.filePath(QStringLiteral("report")));
+    QVERIFY(user.exports(scene));
+    QCOMPARE(filesIn(directory), QStringList({"report.pdf"}));
+    QVERIFY(messageIsShown(scene.page, successText));
+}
+
+void TestExport::searchesRunWhileTheModeDialogIsOpen()
+{
+    QTemporaryDir directory;
+    StatisticsScene scene(9);
+    answerHandling(scene.manager, {{2, 5, "2024-05-03 01"}});
+    User user;
+    user.inModeDialog([&](TempResultExportWidget &dialog) {
+        scene.page.slotSearch();
+        User::press(dialog, "pushButtonOK");
+    });
+    user.savesAs(directory.filePath(QStringLiteral("report")));
+    QVERIFY(user.exports(scene));
+    QCOMPARE(scene.page.barDataList, LabelledValues({{"Company", 5}}));
+    QCOMPARE(filesIn(directory), QStringList({"report.pdf"}));
+}
+
+void TestExport::aPageThatGoesAwayEndsItsExport()
+{
+    FakeKrxClient client;
+    ScriptedStatisticsManager manager;
+    QPointer<ProbePage> page = new ProbePage(9);
+    page->show();
+    User user;
+    user.inModeDialog([page](TempResultExportWidget &) { delete page.data(); });
+    QVERIFY(user.plays([page] { page->on_pushButtonExport_clicked(); }));
+    QVERIFY(!page);
+    QVERIFY(!shownWindow<QFileDialog>());
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+TALVIX_TEST_MAIN(TestExport)
+#include "tst_export.moc"

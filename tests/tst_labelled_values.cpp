@@ -1,0 +1,343 @@
+#include "support/TestMain.h"
+
+#include <page/LabelledValues.h>
+
+#include <algorithm>
+#include <ctime>
+#include <limits>
+
+Q_DECLARE_METATYPE(LabelledValues)
+
+namespace {
+
+constexpr int most = std::numeric_limits<int>::max();
+constexpr int least = std::numeric_limits<int>::min();
+
+LabelledValues reversed(const LabelledValues &list)
+{
+    return LabelledValues(list.crbegin(), list.crend());
+}
+
+LabelledValues foldAll(const LabelledValues &rows)
+{
+    LabelledValues list;
+    LabelIndex index;
+    for (const auto &row : rows)
+        fold(list, index, row.first, row.second);
+    return list;
+}
+
+QStringList manyLabels(int count)
+{
+    QStringList labels;
+    labels.reserve(count);
+    for (int i = 0; i < count; ++i)
+        labels.append(QStringLiteral("label %1").arg(i));
+    return labels;
+}
+
+/// Processor time of \a work in clock ticks, the least of several runs; waiting and other programs don't
+/// count.
+template <typename Work>
+double leastTicks(const Work &work)
+{
+    double ticks = std::numeric_limits<double>::max();
+    for (int run = 0; run < 3; ++run) {
+        const std::clock_t before = std::clock();
+        work();
+        ticks = std::min(ticks, static_cast<double>(std::clock() - before));
+    }
+    return std::max(ticks, 1.0);
+}
+
+/// Sixteen times the rows may cost sixteen times as much and what caches and allocation add;
+/// a search through the list for each row would cost 256 times as much.
+constexpr int growth = 16;
+constexpr double growthBound = 96.0;
+
+} // namespace
+
+class TestLabelledValues : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sumsWrap_data()
+    {
+        QTest::addColumn<int>("a");
+        QTest::addColumn<int>("b");
+        QTest::addColumn<int>("sum");
+
+        QTest::newRow("nothing and nothing") << 0 << 0 << 0;
+        QTest::newRow("plain figures") << 2 << 3 << 5;
+        QTest::newRow("a negative figure takes away") << 5 << -7 << -2;
+        QTest::newRow("the most and one is the least") << most << 1 << least;
+        QTest::newRow("the least less one is the most") << least << -1 << most;
+        QTest::newRow("twice the most") << most << most << -2;
+        QTest::newRow("twice the least") << least << least << 0;
+        QTest::newRow("the most and the least") << most << least << -1;
+    }
+
+    void sumsWrap()
+    {
+        QFETCH(int, a);
+        QFETCH(int, b);
+        QTEST(wrappingSum(a, b), "sum");
+        QTEST(wrappingSum(b, a), "sum");
+    }
+
+    void totalsWrap_data()
+    {
+        QTest::addColumn<LabelledValues>("list");
+        QTest::addColumn<int>("total");
+
+        QTest::newRow("an empty list") << LabelledValues() << 0;
+        QTest::newRow("one entry") << LabelledValues{{"a", 7}} << 7;
+        QTest::newRow("equal labels count each") << LabelledValues{{"a", 7}, {"a", 7}} << 14;
+        QTest::newRow("negative figures take away") << LabelledValues{{"a", 7}, {"b", -9}} << -2;
+        QTest::newRow("a total beyond 32 bits wraps") << LabelledValues{{"a", most}, {"b", 1}} << least;
+        QTest::newRow("and comes back") << LabelledValues{{"a", most}, {"b", 1}, {"c", -1}} << most;
+    }
+
+    void totalsWrap()
+    {
+        QFETCH(LabelledValues, list);
+        QTEST(wrappingTotal(list), "total");
+    }
+
+    void keysAndValuesStandInListOrder()
+    {
+        const LabelledValues values = {{"b", 2}, {"a", -1}, {"b", 3}, {"", most}};
+        QCOMPARE(listKeys(values), QStringList({"b", "a", "b", ""}));
+        QCOMPARE(listValues(values), QList<int>({2, -1, 3, most}));
+
+        const LabelledKeys keys = {{"z", "1"}, {"y", "2"}};
+        QCOMPARE(listKeys(keys), QStringList({"z", "y"}));
+
+        QVERIFY(listKeys(LabelledValues()).isEmpty());
+        QVERIFY(listKeys(LabelledKeys()).isEmpty());
+        QVERIFY(listValues({}).isEmpty());
+    }
+
+    void barsSortByValue_data()
+    {
+        QTest::addColumn<LabelledValues>("list");
+        QTest::addColumn<LabelledValues>("sorted");
+
+        QTest::newRow("an empty list stays empty") << LabelledValues() << LabelledValues();
+        QTest::newRow("one entry stays") << LabelledValues{{"a", 1}} << LabelledValues{{"a", 1}};
+        QTest::newRow("an ascending list stays")
+            << LabelledValues{{"c", 1}, {"b", 2}, {"a", 3}} << LabelledValues{{"c", 1}, {"b", 2}, {"a", 3}};
+        QTest::newRow("a descending list is turned round")
+            << LabelledValues{{"a", 3}, {"b", 2}, {"c", 1}} << LabelledValues{{"c", 1}, {"b", 2}, {"a", 3}};
+        QTest::newRow("all tied: turned round")
+            << LabelledValues{{"a", 5}, {"b", 5}, {"c", 5}} << LabelledValues{{"c", 5}, {"b", 5}, {"a", 5}};
+        QTest::newRow("only the tied entries are turned round") << LabelledValues{{"a", 5}, {"b", 1},
+            {"c", 5}, {"d", 1}, {"e", 3}} << LabelledValues{{"d", 1}, {"b", 1}, {"e", 3}, {"c", 5}, {"a", 5}};
+        QTest::newRow("the name plays no part")
+            << LabelledValues{{"b", 1}, {"a", 1}, {"c", 1}} << LabelledValues{{"c", 1}, {"a", 1}, {"b", 1}};
+        QTest::newRow("equal names stay apart")
+            << LabelledValues{{"a", 2}, {"a", 1}, {"a", 2}} << LabelledValues{{"a", 1}, {"a", 2}, {"a", 2}};
+        QTest::newRow("values are signed") << LabelledValues{{"a", 0}, {"b", most}, {"c", least}, {"d", -1}}
+                                           << LabelledValues{{"c", least}, {"d", -1}, {"a", 0}, {"b", most}};
+    }
+
+    void barsSortByValue()
+    {
+        QFETCH(LabelledValues, list);
+        const LabelledValues before = list;
+        QTEST(sortBarList(list), "sorted");
+        QCOMPARE(list, before);
+    }
+
+    void ascendingTwiceTurnsTiesBack()
+    {
+        const LabelledValues once = sortBarList({{"a", 5}, {"b", 5}, {"c", 1}});
+        QCOMPARE(once, (LabelledValues{{"c", 1}, {"b", 5}, {"a", 5}}));
+        QCOMPARE(sortBarList(once), (LabelledValues{{"c", 1}, {"a", 5}, {"b", 5}}));
+    }
+
+    void ascendingReadBackwardsIsStable()
+    {
+        const LabelledValues list = {{"a", 1}, {"b", 5}, {"c", 1}, {"d", 5}, {"e", 3}};
+        const LabelledValues descending = reversed(sortBarList(list));
+        QCOMPARE(descending, (LabelledValues{{"b", 5}, {"d", 5}, {"e", 3}, {"a", 1}, {"c", 1}}));
+        QCOMPARE(reversed(sortBarList(descending)), descending);
+    }
+
+    void labelsSort_data()
+    {
+        QTest::addColumn<LabelledValues>("list");
+        QTest::addColumn<LabelledValues>("sorted");
+
+        QTest::newRow("an empty list stays empty") << LabelledValues() << LabelledValues();
+        QTest::newRow("periods come in the order of time")
+            << LabelledValues{{"2024-05-03 09", 1}, {"2023-12-31 23", 2}, {"2024-05-03 08", 3}}
+            << LabelledValues{{"2023-12-31 23", 2}, {"2024-05-03 08", 3}, {"2024-05-03 09", 1}};
+        QTest::newRow("text, not number")
+            << LabelledValues{{"9", 1}, {"10", 2}} << LabelledValues{{"10", 2}, {"9", 1}};
+        QTest::newRow("capitals come before small letters") << LabelledValues{
+            {"a", 1}, {"B", 2}, {"b", 3}, {"A", 4}} << LabelledValues{{"A", 4}, {"B", 2}, {"a", 1}, {"b", 3}};
+        QTest::newRow("code units, not the alphabet of a language")
+            << LabelledValues{{QStringLiteral(u"\u00e4"), 1}, {"z", 2}}
+            << LabelledValues{{"z", 2}, {QStringLiteral(u"\u00e4"), 1}};
+        QTest::newRow("an empty label comes first")
+            << LabelledValues{{"a", 1}, {"", 2}} << LabelledValues{{"", 2}, {"a", 1}};
+        QTest::newRow("of equal labels the later one comes first") << LabelledValues{
+            {"b", 1}, {"a", 2}, {"b", 3}, {"a", 4}} << LabelledValues{{"a", 4}, {"a", 2}, {"b", 3}, {"b", 1}};
+        QTest::newRow("the figure plays no part")
+            << LabelledValues{{"b", 1}, {"a", 9}} << LabelledValues{{"a", 9}, {"b", 1}};
+    }
+
+    void labelsSort()
+    {
+        QFETCH(LabelledValues, list);
+        const LabelledValues before = list;
+        QTEST(sortedByLabel(list), "sorted");
+        QCOMPARE(list, before);
+    }
+
+    void foldsRows_data()
+    {
+        QTest::addColumn<LabelledValues>("rows");
+        QTest::addColumn<LabelledValues>("list");
+
+        QTest::newRow("no rows") << LabelledValues() << LabelledValues();
+        QTest::newRow("different labels stand one behind the other")
+            << LabelledValues{{"b", 1}, {"a", 2}} << LabelledValues{{"b", 1}, {"a", 2}};
+        QTest::newRow("a known label adds in its place")
+            << LabelledValues{{"b", 1}, {"a", 2}, {"b", 10}} << LabelledValues{{"b", 11}, {"a", 2}};
+        QTest::newRow("zero makes an entry")
+            << LabelledValues{{"a", 0}, {"b", 1}} << LabelledValues{{"a", 0}, {"b", 1}};
+        QTest::newRow("zero adds nothing") << LabelledValues{{"a", 4}, {"a", 0}} << LabelledValues{{"a", 4}};
+        QTest::newRow("a negative figure takes away")
+            << LabelledValues{{"a", 4}, {"a", -6}} << LabelledValues{{"a", -2}};
+        QTest::newRow("case counts") << LabelledValues{{"a", 1}, {"A", 2}}
+                                     << LabelledValues{{"a", 1}, {"A", 2}};
+        QTest::newRow("blanks count")
+            << LabelledValues{{"a", 1}, {"a ", 2}} << LabelledValues{{"a", 1}, {"a ", 2}};
+        QTest::newRow("the empty label is a label")
+            << LabelledValues{{"", 1}, {"a", 2}, {"", 3}} << LabelledValues{{"", 4}, {"a", 2}};
+        QTest::newRow("null and empty are one label")
+            << LabelledValues{{QString(), 1}, {QStringLiteral(""), 2}} << LabelledValues{{"", 3}};
+        QTest::newRow("a sum beyond 32 bits wraps")
+            << LabelledValues{{"a", most}, {"a", 1}} << LabelledValues{{"a", least}};
+    }
+
+    void foldsRows()
+    {
+        QFETCH(LabelledValues, rows);
+        QTEST(foldAll(rows), "list");
+    }
+
+    void foldTakesUpEntriesThatCameAnotherWay()
+    {
+        LabelledValues list;
+        LabelIndex index;
+        fold(list, index, QStringLiteral("a"), 1);
+        list.append({QStringLiteral("b"), 2});
+        fold(list, index, QStringLiteral("b"), 10);
+        QCOMPARE(list, (LabelledValues{{"a", 1}, {"b", 12}}));
+    }
+
+    void theIndexFindsTheFirstOfEqualTexts()
+    {
+        const LabelledKeys list = {{"a", "1"}, {"b", "2"}, {"a", "3"}, {"c", "2"}};
+        LabelIndex labels;
+        QCOMPARE(labels.indexOf(list, QStringLiteral("a")), 0);
+        QCOMPARE(labels.indexOf(list, QStringLiteral("b")), 1);
+        QCOMPARE(labels.indexOf(list, QStringLiteral("c")), 3);
+        QCOMPARE(labels.indexOf(list, QStringLiteral("A")), -1);
+        QCOMPARE(labels.indexOf(list, QString()), -1);
+        LabelIndex keys;
+        QCOMPARE(keys.indexOfKey(list, QStringLiteral("2")), 1);
+        QCOMPARE(keys.indexOfKey(list, QStringLiteral("3")), 2);
+        QCOMPARE(keys.indexOfKey(list, QStringLiteral("a")), -1);
+    }
+
+    void theIndexFollowsAGrowingList()
+    {
+        LabelledValues list;
+        LabelIndex index;
+        QCOMPARE(index.indexOf(list, QStringLiteral("a")), -1);
+        list.append({QStringLiteral("b"), 1});
+        QCOMPARE(index.indexOf(list, QStringLiteral("a")), -1);
+        list.append({QStringLiteral("a"), 2});
+        list.append({QStringLiteral("a"), 3});
+        QCOMPARE(index.indexOf(list, QStringLiteral("a")), 1);
+    }
+
+    void theIndexForgetsAListThatWasCleared()
+    {
+        LabelledValues list = {{"a", 1}, {"b", 2}};
+        LabelIndex index;
+        QCOMPARE(index.indexOf(list, QStringLiteral("b")), 1);
+        list = {{"b", 5}};
+        QCOMPARE(index.indexOf(list, QStringLiteral("a")), -1);
+        QCOMPARE(index.indexOf(list, QStringLiteral("b")), 0);
+    }
+
+    void theIndexForgetsWhenTold()
+    {
+        LabelledValues list = {{"a", 1}, {"b", 2}};
+        LabelIndex index;
+        QCOMPARE(index.indexOf(list, QStringLiteral("b")), 1);
+        list = {{"b", 5}, {"a", 6}};
+        index.reset();
+        QCOMPARE(index.indexOf(list, QStringLiteral("b")), 0);
+        QCOMPARE(index.indexOf(list, QStringLiteral("a")), 1);
+    }
+
+    void foldingDoesNotSearchTheList()
+    {
+        constexpr int few = 6250;
+        const QStringList labels = manyLabels(few * growth);
+        const auto foldFirst = [&labels](int count) {
+            LabelledValues list;
+            LabelIndex index;
+            for (int round = 0; round < 2; ++round) {
+                for (int i = 0; i < count; ++i)
+                    fold(list, index, labels.at(i), i);
+            }
+            QCOMPARE(list.size(), count);
+            QCOMPARE(list.constLast().second, 2 * (count - 1));
+        };
+        const double fewTicks = leastTicks([&foldFirst] { foldFirst(few); });
+        const double manyTicks = leastTicks([&foldFirst] { foldFirst(few * growth); });
+        QVERIFY2(manyTicks < growthBound * fewTicks,
+            qPrintable(QStringLiteral("%1 against %2").arg(manyTicks).arg(fewTicks)));
+    }
+
+    void sortingDoesNotGrowQuadratically()
+    {
+        constexpr int few = 6250;
+        const auto shuffled = [](int count) {
+            LabelledValues list;
+            list.reserve(count);
+            unsigned int seed = 1;
+            for (int i = 0; i < count; ++i) {
+                seed = seed * 1103515245u + 12345u;
+                list.append({QString::number(seed), static_cast<int>(seed % 1000u)});
+            }
+            return list;
+        };
+        const LabelledValues fewRows = shuffled(few);
+        const LabelledValues manyRows = shuffled(few * growth);
+        const auto ascendingByValue = [](const auto &a, const auto &b) { return a.second < b.second; };
+        const LabelledValues byValue = sortBarList(manyRows);
+        QVERIFY(std::is_sorted(byValue.cbegin(), byValue.cend(), ascendingByValue));
+        const double fewTicks = leastTicks([&fewRows] {
+            sortBarList(fewRows);
+            sortedByLabel(fewRows);
+        });
+        const double manyTicks = leastTicks([&manyRows] {
+            sortBarList(manyRows);
+            sortedByLabel(manyRows);
+        });
+        QVERIFY2(manyTicks < growthBound * fewTicks,
+            qPrintable(QStringLiteral("%1 against %2").arg(manyTicks).arg(fewTicks)));
+    }
+};
+
+TALVIX_TEST_MAIN(TestLabelledValues)
+#include "tst_labelled_values.moc"

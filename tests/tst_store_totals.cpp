@@ -1,0 +1,305 @@
+#include "support/EventStore.h"
+#include "support/ProbePage.h"
+
+#include <devhost/client/ClientInstances.h>
+#include <TalvixWidgets/ZrComboBoxWithTree.h>
+#include <TalvixWidgets/ZrTreeView.h>
+
+#include <QtWidgets/QComboBox>
+
+#include <map>
+#include <memory>
+#include <numeric>
+
+namespace {
+
+enum Service {
+    alarmsOfOrganisations = 1,
+    alarmsOfDevices = 2,
+    readingsOfGroups = 5,
+    readingsOfPersons = 6,
+    trafficOfOrganisations = 7,
+    trafficOfDevices = 8,
+    handledAlarms = 9
+};
+
+using Values = QList<std::pair<QString, int>>;
+
+template <typename List>
+int sumOf(const List &list)
+{
+    return std::accumulate(
+        list.begin(), list.end(), 0, [](int sum, const auto &entry) { return sum + entry.second; });
+}
+
+template <typename List>
+int valueOf(const List &list, const QString &label)
+{
+    for (const auto &entry : list)
+        if (entry.first == label)
+            return entry.second;
+    return -1;
+}
+
+/// Minor types of each major type of a class.
+std::map<int, int> sumsByMajor(const std::vector<SnapDetailMajorItem> &items)
+{
+    std::map<int, int> sums;
+    for (const SnapDetailMajorItem &item : items)
+        for (const SnapDetailMinorCount &minor : item.minors)
+            sums[item.majorType] += minor.count;
+    return sums;
+}
+
+} // namespace
+
+/// Whatever organisation, sum mode and unit is chosen: what a bar shows is what its line and its pie show.
+class TestStoreTotals : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<EventStore> store;
+    std::unique_ptr<SqlKrxClient> client;
+    std::unique_ptr<ProbePage> page;
+    int barsSeen = 0;
+
+    /// Calls \a look for each organisation of the tree, made current in each of the three sum modes.
+    template <typename Look>
+    void forEachChoice(const Look &look)
+    {
+        auto *orgType = page->part<QComboBox>("comboBoxOrgType");
+        for (int mode = 0; mode < orgType->count(); ++mode) {
+            orgType->setCurrentIndex(mode);
+            ZrTreeView *tree = page->ui->comboBox->m_pTreeView;
+            forEachIndex(tree->model(), {}, [&](const QModelIndex &index) {
+                tree->setCurrentIndex(index);
+                NODE node;
+                QVERIFY(tree->getCurrentItemData(node));
+                page->setBarList(std::vector<AlarmStatisticsRecord>());
+                page->slotSearch();
+                look(QStringLiteral("organisation %1, mode %2").arg(node.id).arg(mode));
+            });
+        }
+    }
+
+    template <typename Look>
+    static void forEachIndex(const QAbstractItemModel *model, const QModelIndex &parent, const Look &look)
+    {
+        for (int row = 0; row < model->rowCount(parent); ++row) {
+            const QModelIndex index = model->index(row, 0, parent);
+            look(index);
+            forEachIndex(model, index, look);
+        }
+    }
+
+    /// Calls \a look for each bar with its label, its lines and pie being those on the page.
+    template <typename Look>
+    void forEachBar(const Look &look)
+    {
+        const auto keys = page->devDataList;
+        for (const auto &bar : keys) {
+            page->getChartDataByBarId(bar.second);
+            ++barsSeen;
+            look(bar.first);
+        }
+    }
+
+    void open(int service)
+    {
+        page = std::make_unique<ProbePage>(service);
+        page->resize(1136, 648);
+        page->show();
+        QVERIFY(QTest::qWaitForWindowExposed(page.get()));
+        barsSeen = 0;
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        setPresentMoment({});
+        store = std::make_unique<EventStore>();
+        client = std::make_unique<SqlKrxClient>(store->store);
+        installKrxClient(client.get());
+        installStatisticsManager(&store->service);
+        devdata::SampleOptions options;
+        options.seed = 3;
+        options.from = 202405021500;
+        options.to = devdata::minuteOf(testMoment());
+        QString error;
+        QVERIFY2(store->store.generate(options, &error), qUtf8Printable(error));
+    }
+    void cleanupTestCase()
+    {
+        installKrxClient(nullptr);
+        installStatisticsManager(nullptr);
+        client.reset();
+        store.reset();
+    }
+    void cleanup() { page.reset(); }
+
+    void alarmsAddUpOnThePage()
+    {
+        open(alarmsOfOrganisations);
+        forEachChoice([&](const QString &choice) {
+            forEachBar([&](const QString &label) {
+                const int bar = valueOf(page->barDataList, label);
+                QVERIFY2(sumOf(page->lineDataList) == bar, qPrintable(choice));
+                QVERIFY2(sumOf(page->pieDataList) == bar, qPrintable(choice));
+            });
+        });
+        QVERIFY(barsSeen > 60);
+    }
+
+    void trafficAddsUpOnThePage()
+    {
+        open(trafficOfOrganisations);
+        forEachChoice([&](const QString &choice) {
+            forEachBar([&](const QString &label) {
+                const int vehicles = valueOf(page->barDataList, label);
+                const int pedestrians = valueOf(page->barDataList2, label);
+                QVERIFY2(sumOf(page->lineDataList) == vehicles, qPrintable(choice));
+                QVERIFY2(sumOf(page->lineDataList2) == pedestrians, qPrintable(choice));
+                if (vehicles + pedestrians == 0)
+                    return;
+                for (const auto &[major, sum] : sumsByMajor(page->snapDetailMap[4]))
+                    QVERIFY2(sum == vehicles, qPrintable(choice));
+                for (const auto &[major, sum] : sumsByMajor(page->snapDetailMap[2]))
+                    QVERIFY2(sum == pedestrians, qPrintable(choice));
+            });
+        });
+        QVERIFY(barsSeen > 60);
+    }
+
+    void trafficOfChannelsAddsUpOnThePage()
+    {
+        open(trafficOfDevices);
+        forEachBar([&](const QString &label) {
+            const int vehicles = valueOf(page->barDataList, label);
+            const int pedestrians = valueOf(page->barDataList2, label);
+            QCOMPARE(sumOf(page->lineDataList), vehicles);
+            QCOMPARE(sumOf(page->lineDataList2), pedestrians);
+            QCOMPARE(sumsByMajor(page->snapDetailMap[4]).size(), size_t(vehicles > 0 ? 3 : 0));
+            for (const auto &[major, sum] : sumsByMajor(page->snapDetailMap[4]))
+                QCOMPARE(sum, vehicles);
+            QCOMPARE(sumsByMajor(page->snapDetailMap[2]).size(), size_t(pedestrians > 0 ? 4 : 0));
+            for (const auto &[major, sum] : sumsByMajor(page->snapDetailMap[2]))
+                QCOMPARE(sum, pedestrians);
+        });
+        QVERIFY(barsSeen > 20);
+    }
+
+    void alarmsOfDevicesAddUpOnThePage()
+    {
+        open(alarmsOfDevices);
+        forEachBar([&](const QString &label) {
+            const int bar = valueOf(page->barDataList, label);
+            QVERIFY(bar > 0);
+            QCOMPARE(sumOf(page->lineDataList), bar);
+            QCOMPARE(sumOf(page->pieDataList), bar);
+        });
+        QCOMPARE(barsSeen, 10);
+        QVERIFY(page->m_nTotalPage > 1);
+    }
+
+    void handledAlarmsAddUpOnThePage()
+    {
+        open(handledAlarms);
+        forEachChoice([&](const QString &choice) {
+            forEachBar([&](const QString &label) {
+                QVERIFY2(sumOf(page->lineDataList) == valueOf(page->barDataList, label), qPrintable(choice));
+                QVERIFY2(
+                    sumOf(page->lineDataList2) == valueOf(page->barDataList2, label), qPrintable(choice));
+            });
+        });
+        QVERIFY(barsSeen > 10);
+    }
+
+    void readingsOfGroupsAddUpInTheStore()
+    {
+        for (const int orgType : {1, 2, 3}) {
+            auto request = inSpan<TalvixGetTemperatureStatisticsOfGroupsRequestMessage>(
+                3, "2024-05-03 00", "2024-05-03 17");
+            request.setPersonGorupIDList({1});
+            request.orgType = orgType;
+            TalvixGetTemperatureStatisticsOfGroupsResponseMessage groups;
+            QVERIFY(store->service.getTemperatureStatisticsOfGroups(request, groups));
+            QVERIFY(!groups.statisticsList.empty());
+            for (const TemperatureStatisticsItem &group : groups.statisticsList) {
+                auto drill = inSpan<TalvixGetTemperatureStatisticsOfGroupRequestMessage>(
+                    3, "2024-05-03 00", "2024-05-03 17");
+                drill.groupId = group.id;
+                TalvixGetTemperatureStatisticsOfGroupResponseMessage line;
+                QVERIFY(store->service.getTemperatureStatisticsOfGroup(drill, line));
+                int points = 0;
+                for (const TemperatureStatisticsItem &item : line.statisticsList)
+                    points += item.count;
+                QCOMPARE(points, group.count);
+
+                auto pie = inSpan<TalvixGetTempStatisticsDistributionOfGroupsRequestMessage>(
+                    3, "2024-05-03 00", "2024-05-03 17");
+                pie.setPersonGorupIDList({group.id});
+                pie.queryType = 2;
+                TalvixGetTempStatisticsDistributionOfGroupsResponseMessage slices;
+                QVERIFY(store->service.getTempStatisticsDistributionOfGroups(pie, slices));
+                int classes = 0;
+                for (const TempDistributionItem &item : slices.byEtiologyList)
+                    classes += item.count;
+                QCOMPARE(classes, group.count);
+            }
+        }
+    }
+
+    void readingsOfPersonsAddUpInTheStore()
+    {
+        auto request =
+            inSpan<TalvixGetTemperatureStatisticsOfPersonsRequestMessage>(2, "2024-05-02", "2024-05-03");
+        request.orgaId = 1;
+        request.pageSize = 1000;
+        TalvixGetTemperatureStatisticsOfPersonsResponseMessage persons;
+        QVERIFY(store->service.getTemperatureStatisticsOfPersons(request, persons));
+        QVERIFY(persons.statisticsList.size() > 40);
+        for (const TemperatureStatisticsItem &person : persons.statisticsList) {
+            auto drill =
+                inSpan<TalvixGetTemperatureStatisticsOfPersonRequestMessage>(2, "2024-05-02", "2024-05-03");
+            drill.personId = person.id;
+            TalvixGetTemperatureStatisticsOfPersonResponseMessage line;
+            QVERIFY(store->service.getTemperatureStatisticsOfPerson(drill, line));
+            int points = 0;
+            for (const TemperatureStatisticsItem &item : line.statisticsList)
+                points += item.count;
+            QCOMPARE(points, person.count);
+        }
+    }
+
+    void theRollUpsSayWhatTheEventsSay()
+    {
+        struct Check
+        {
+            const char *events;
+            const char *figures;
+        };
+        for (const Check &check : {Check{"SELECT SUM(count) AS n FROM alarm", "fact = 1"},
+                 Check{"SELECT SUM(count) AS n FROM alarm", "fact = 2"},
+                 Check{"SELECT SUM(minutes) AS n FROM online_interval", "fact = 3"},
+                 Check{"SELECT SUM(count) AS n FROM snapshot", "fact = 8"},
+                 Check{"SELECT 3 * SUM(count) AS n FROM snapshot WHERE class = 4", "fact = 9"},
+                 Check{"SELECT 4 * SUM(count) AS n FROM snapshot WHERE class = 2", "fact = 10"}}) {
+            devdata::Query events(store->store.connection(), QLatin1String(check.events));
+            QVERIFY(events.run().next());
+            for (const auto &[first, last] : {std::pair(2024050000LL, 2024053199LL),
+                     std::pair(20240501LL, 20240531LL), std::pair(202405LL, 202405LL)}) {
+                devdata::Query figures(store->store.connection(),
+                    QStringLiteral("SELECT SUM(count) AS n FROM figure WHERE scope = 1 AND %1 AND bucket "
+                                   "BETWEEN ? AND ?")
+                        .arg(QLatin1String(check.figures)));
+                QVERIFY(figures.run(first, last).next());
+                QCOMPARE(figures.number("n"), events.number("n"));
+                QVERIFY(figures.number("n") > 0);
+            }
+        }
+    }
+};
+
+TALVIX_TEST_MAIN(TestStoreTotals)
+#include "tst_store_totals.moc"
