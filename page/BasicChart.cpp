@@ -3,6 +3,8 @@
 #include "ServiceTypes.h"
 #include "ui_BasicChart.h"
 
+#include <TalvixWidgets/ZrChartView.h>
+
 #include <QtCore/QDebug>
 #include <QtWidgets/QComboBox>
 
@@ -19,6 +21,10 @@ BasicChart::~BasicChart()
 {
     if (comboBoxPie && !comboBoxPie->parentWidget())
         delete comboBoxPie;
+    // Charts end their hovers as they die, and our slots answer; so they go while the page is still whole.
+    labelPiecount = nullptr;
+    comboBoxPie = nullptr;
+    qDeleteAll(m_chartViewList);
     delete ui;
 }
 

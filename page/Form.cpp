@@ -67,8 +67,6 @@ void BasicChart::initTimeSpan()
     ui->lineEditTime->installEventFilter(this);
     QAction *open = ui->lineEditTime->addAction(
         QIcon(QStringLiteral(":/images/home/common/common_16/date_16.png")), QLineEdit::TrailingPosition);
-    open->setShortcut(Qt::ALT | Qt::Key_Down);
-    open->setShortcutContext(Qt::WidgetShortcut);
     connect(open, &QAction::triggered, this, &BasicChart::showZrCalendarWidget);
 
     m_pCalendarWidget = new ZrCalendarWidget(this);
@@ -81,7 +79,7 @@ void BasicChart::connectSearch()
 {
     connect(KrxClient::instance(), &KrxClient::signalOrgaInfoChanged, this, &BasicChart::slotOrgaInfoLoad);
     connect(ui->lineEditTime, &QLineEdit::textChanged, this, &BasicChart::slotSearch);
-    connect(ui->comboBox, &QComboBox::currentTextChanged, this, &BasicChart::slotSearch);
+    connectTree();
     connect(ui->comboBoxOrgType, &QComboBox::currentTextChanged, this, &BasicChart::slotSearch);
 }
 

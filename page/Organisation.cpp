@@ -75,7 +75,8 @@ void BasicChart::renewTreeTexts()
 
 void BasicChart::connectTree()
 {
-    connect(ui->comboBox, &QComboBox::currentTextChanged, this, &BasicChart::slotSearch);
+    connect(
+        ui->comboBox, &QComboBox::currentTextChanged, this, &BasicChart::slotSearch, Qt::UniqueConnection);
 }
 
 void BasicChart::disconnectTree()

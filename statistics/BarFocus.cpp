@@ -72,7 +72,7 @@ void BasicChart::refreshAfterBarSort()
 {
     if (devDataList.isEmpty() || barDataList.isEmpty())
         return;
-    const int index = m_deviceNames.indexOf(devDataList, barDataList.constFirst().first);
+    const auto index = listKeys(devDataList).indexOf(barDataList.constFirst().first);
     if (index < 0)
         return;
     const QString key = devDataList.at(index).second;
@@ -118,7 +118,7 @@ void BasicChart::slotBarSetChanged(QString &barId)
 {
     if (devDataList.isEmpty())
         return;
-    const int index = m_deviceNames.indexOf(devDataList, barId);
+    const auto index = listKeys(devDataList).indexOf(barId);
     if (index < 0)
         return;
     qDebug() << "BasicChart::slotBarSetChanged bar  id " << barId << "index" << index << "size"

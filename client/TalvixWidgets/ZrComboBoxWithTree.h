@@ -36,6 +36,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void initStyleOption(QStyleOptionComboBox *option) const override;
 
 private:
     class Private;
