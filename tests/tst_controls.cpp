@@ -17,6 +17,7 @@
 #include <QtCharts/QBarSet>
 #include <QtCharts/QChart>
 #include <QtCore/QPointer>
+#include <QtCore/QVariantAnimation>
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QHBoxLayout>
@@ -150,6 +151,8 @@ private Q_SLOTS:
     void everyShowReachesThePageBeforeShowReturns();
     void aPageThatComesBackFromTheTaskBarWasNeitherHiddenNorShown();
     void theBaseSetsTheMarkAtAHide();
+    void aReadOnlyFieldOpensByKeys_data();
+    void aReadOnlyFieldOpensByKeys();
 
     // tips and messages
     void aTipTakesNeitherFocusNorMouse();
@@ -226,6 +229,7 @@ private Q_SLOTS:
     void aSearchWithoutAHitSaysSo();
     void theCurrentNodeIsInSightWhenThePopupOpens();
     void aDisabledNodeCannotBeChosen();
+    void aNewTreeClosesThePopup();
     void theWheelChangesNothing();
     void brokenTreesAreShownAllTheSame_data();
     void brokenTreesAreShownAllTheSame();
@@ -238,6 +242,12 @@ private Q_SLOTS:
     void opacityGoesIntoTheColourText();
     void theThemeBringsThePicturesThatFormsUse_data();
     void theThemeBringsThePicturesThatFormsUse();
+
+    // Last, for the theme stays with the application.
+    void theThemeMarksTheHighlightedButton();
+    void theThemeGivesIconsToButtonsThatHaveNone();
+    void tabsHaveTheWantedWidthUnderTheTheme();
+    void theThemeKeepsTheSizesOfForms();
 };
 
 void TestControls::cleanup()
@@ -289,6 +299,33 @@ void TestControls::theBaseSetsTheMarkAtAHide()
     QVERIFY(page.m_bAfterHide);
     page.show();
     QVERIFY(!page.m_bAfterHide);
+}
+
+void TestControls::aReadOnlyFieldOpensByKeys_data()
+{
+    QTest::addColumn<bool>("readOnly");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("openings");
+
+    QTest::newRow("Enter opens it") << true << int(Qt::Key_Return) << 1;
+    QTest::newRow("so does the space bar") << true << int(Qt::Key_Space) << 1;
+    QTest::newRow("so does the arrow down") << true << int(Qt::Key_Down) << 1;
+    QTest::newRow("a letter does not") << true << int(Qt::Key_A) << 0;
+    QTest::newRow("a field that takes text stays closed") << false << int(Qt::Key_Return) << 0;
+}
+
+void TestControls::aReadOnlyFieldOpensByKeys()
+{
+    QFETCH(bool, readOnly);
+    QFETCH(int, key);
+    QFETCH(int, openings);
+    BaseWidget page(nullptr, {});
+    QLineEdit field(&page);
+    field.setReadOnly(readOnly);
+    field.installEventFilter(&page);
+    QSignalSpy triggers(field.addAction(QIcon(), QLineEdit::TrailingPosition), &QAction::triggered);
+    QTest::keyClick(&field, static_cast<Qt::Key>(key));
+    QCOMPARE(triggers.count(), openings);
 }
 
 void TestControls::aTipTakesNeitherFocusNorMouse()
@@ -380,7 +417,8 @@ void TestControls::aNoteLooksAsItsKindIs()
         page.resize(600, 400);
         page.show();
         page.setTips(QStringLiteral("text"), kind);
-        QTest::qWait(400);
+        const auto *fade = toastsOn(page).first()->findChild<QVariantAnimation *>();
+        QTRY_COMPARE(fade->state(), QAbstractAnimation::Stopped);
         const QImage picture = toastsOn(page).first()->grab().toImage();
         backgrounds.insert(picture.pixel(picture.width() - 6, picture.height() / 2));
     }
@@ -1236,6 +1274,20 @@ void TestControls::aDisabledNodeCannotBeChosen()
     QCOMPARE(currentId(combo), 1);
 }
 
+void TestControls::aNewTreeClosesThePopup()
+{
+    ZrComboBoxWithTree combo(nullptr);
+    fill(combo, company());
+    combo.show();
+    combo.showPopup();
+    auto *line = combo.findChild<QLineEdit *>(QStringLiteral("lineEditSearch"));
+    line->setText(QStringLiteral("north"));
+    fill(combo, company());
+    QVERIFY(!line->isVisible());
+    QCOMPARE(currentId(combo), 1);
+    QCOMPARE(combo.m_pTreeView->model()->rowCount(combo.m_pTreeView->model()->index(0, 0)), 2);
+}
+
 void TestControls::theWheelChangesNothing()
 {
     ZrComboBoxWithTree combo(nullptr);
@@ -1412,6 +1464,82 @@ void TestControls::theThemeBringsThePicturesThatFormsUse()
     QVERIFY(!once.isNull());
     const QImage twice(QString(file).replace(QStringLiteral(".png"), QStringLiteral("@2x.png")));
     QCOMPARE(twice.size(), once.size() * 2);
+}
+
+void TestControls::theThemeMarksTheHighlightedButton()
+{
+    HostSettings::applyTheme();
+    const auto colourOf = [](ZrPushButton &button, bool on) {
+        button.setProperty("highlight", on);
+        button.style()->unpolish(&button);
+        button.style()->polish(&button);
+        const QImage picture = button.grab().toImage();
+        return picture.pixelColor(picture.width() / 2, 3);
+    };
+    for (const char *name : {"pushButtonAsc", "pushButtonDesc", "pushButtonDay"}) {
+        ZrPushButton button(nullptr);
+        button.setObjectName(QString::fromLatin1(name));
+        button.resize(65, 30);
+        AppStyleHelper::updateWidgetStyle(&button, AppStyleHelper::SegmentButton);
+        const QColor off = colourOf(button, false);
+        const QColor on = colourOf(button, true);
+        QVERIFY2(on.blue() - off.blue() > 60, name);
+        QCOMPARE(colourOf(button, false), off);
+    }
+}
+
+void TestControls::theThemeGivesIconsToButtonsThatHaveNone()
+{
+    for (const char *name :
+        {"pushButtonAsc", "pushButtonDesc", "pushButtonPrevious", "pushButtonNext", "pushButtonClose"}) {
+        const auto picture = [](const QString &objectName) {
+            ZrPushButton button(nullptr);
+            button.setObjectName(objectName);
+            button.setFixedSize(48, 64);
+            return button.grab().toImage();
+        };
+        const QImage known = picture(QString::fromLatin1(name));
+        QSet<QRgb> colours;
+        for (int x = 0; x < known.width(); ++x)
+            colours.insert(known.pixel(x, known.height() / 2));
+        QVERIFY2(colours.size() > 3, name);
+    }
+}
+
+void TestControls::tabsHaveTheWantedWidthUnderTheTheme()
+{
+    QTabWidget tabs;
+    tabs.addTab(new QWidget, QStringLiteral("short"));
+    BaseHelper::getInstance()->adjustTabWidgetViewWidth(&tabs, 140);
+    QCOMPARE(tabs.tabBar()->tabRect(0).width(), 140);
+    BaseHelper::getInstance()->adjustTabWidgetViewWidth(&tabs, 200);
+    QCOMPARE(tabs.tabBar()->tabRect(0).width(), 200);
+}
+
+void TestControls::theThemeKeepsTheSizesOfForms()
+{
+    QWidget page;
+    auto *row = new QHBoxLayout(&page);
+    ZrPushButton segment(nullptr);
+    segment.setObjectName(QStringLiteral("pushButtonHour"));
+    segment.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    segment.setMinimumSize(50, 30);
+    segment.setMaximumSize(0, 0);
+    QComboBox box;
+    box.setMinimumSize(140, 30);
+    box.setMaximumHeight(30);
+    QLineEdit line;
+    line.setMinimumSize(240, 30);
+    for (QWidget *part : QList<QWidget *>{&segment, &box, &line})
+        row->addWidget(part, 0, Qt::AlignCenter);
+    AppStyleHelper::updateWidgetStyle(&segment, AppStyleHelper::SegmentButton);
+    segment.setFixedWidth(65);
+    page.show();
+    QCOMPARE(segment.size(), QSize(65, 30));
+    QCOMPARE(box.height(), 30);
+    QCOMPARE(line.height(), 30);
+    for (QWidget *part : QList<QWidget *>{&segment, &box, &line})
+        part->setParent(nullptr);
 }
 
 TALVIX_TEST_MAIN(TestControls)

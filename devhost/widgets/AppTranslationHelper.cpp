@@ -1,7 +1,7 @@
 #include <TalvixWidgets/AppTranslationHelper.h>
 
-#include "SnapClasses.h"
 #include "LanguageTexts.h"
+#include "SnapClasses.h"
 
 #include <algorithm>
 

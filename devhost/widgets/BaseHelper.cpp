@@ -34,11 +34,13 @@ void BaseHelper::adjustTabWidgetViewWidth(QTabWidget *tabs, int width)
         return;
     QTabBar *bar = tabs->tabBar();
     bar->ensurePolished();
-    // A style sheet's width is that of the content: what the theme puts around it is measured on a tab without any.
+    // A style sheet's width is that of the content: what the theme puts around it is measured on a tab
+    // without any.
     QStyleOptionTab option;
     option.initFrom(bar);
     const int before = bar->property(ownWidth).toInt();
-    const int around = bar->style()->sizeFromContents(QStyle::CT_TabBarTab, &option, QSize(), bar).width() - before;
+    const int around =
+        bar->style()->sizeFromContents(QStyle::CT_TabBarTab, &option, QSize(0, 0), bar).width() - before;
     const int content = std::max(0, std::clamp(width, 0, widestTab) - std::max(0, around));
     if (content == before && !bar->styleSheet().isEmpty())
         return;

@@ -17,28 +17,32 @@ public:
 BaseStyleWidget::BaseStyleWidget(QWidget *parent, Qt::WindowFlags flags)
     : QWidget(parent, flags)
     , d(new Private)
-{
-}
+{ }
 
 BaseStyleWidget::~BaseStyleWidget()
 {
     delete d;
 }
 
-void BaseStyleWidget::initForm() {}
+void BaseStyleWidget::initForm()
+{ }
 
-void BaseStyleWidget::retranslateUi() {}
+void BaseStyleWidget::retranslateUi()
+{ }
 
-void BaseStyleWidget::doAfterWidgetShow() {}
+void BaseStyleWidget::doAfterWidgetShow()
+{ }
 
 void BaseStyleWidget::doAfterWidgetHide()
 {
     m_bAfterHide = true;
 }
 
-void BaseStyleWidget::releaseResource() {}
+void BaseStyleWidget::releaseResource()
+{ }
 
-void BaseStyleWidget::processSpecialParam(QMap<QString, QString> &) {}
+void BaseStyleWidget::processSpecialParam(QMap<QString, QString> &)
+{ }
 
 bool BaseStyleWidget::lineEditFocusIn(QLineEdit *)
 {
@@ -60,11 +64,14 @@ bool BaseStyleWidget::doVeriryTextEditText(QTextEdit *, QString &)
     return true;
 }
 
-void BaseStyleWidget::shortcutEnter() {}
+void BaseStyleWidget::shortcutEnter()
+{ }
 
-void BaseStyleWidget::shortcutClose() {}
+void BaseStyleWidget::shortcutClose()
+{ }
 
-void BaseStyleWidget::setPreviewConfigParam(const PREVIEWCONFIGPARAM &) {}
+void BaseStyleWidget::setPreviewConfigParam(const PREVIEWCONFIGPARAM &)
+{ }
 
 int BaseStyleWidget::getSelectLayoutId()
 {
@@ -96,7 +103,8 @@ bool BaseStyleWidget::getShowAllDevEnabled()
     return false;
 }
 
-void BaseStyleWidget::appQuitProcess() {}
+void BaseStyleWidget::appQuitProcess()
+{ }
 
 void BaseStyleWidget::setTips(const QString &text, const int &kind)
 {

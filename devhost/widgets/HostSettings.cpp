@@ -79,7 +79,8 @@ void HostSettings::applyTheme()
     QFont font;
     // The first that is there; the later ones lend what it lacks.
     font.setFamilies({QStringLiteral("Inter"), QStringLiteral("Segoe UI"), QStringLiteral("Noto Sans"),
-        QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Microsoft YaHei"), QStringLiteral("DejaVu Sans")});
+        QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Microsoft YaHei"),
+        QStringLiteral("DejaVu Sans")});
     font.setPixelSize(13);
     QApplication::setFont(font);
 

@@ -17,7 +17,8 @@ QString lengthened(const QString &text)
 {
     static const QString plain = QStringLiteral("aceidnorsuyACEINORSUYZz");
     static const QString strange = QStringLiteral("àçéîďñöŕšûýÀÇÉÎÑÖŔŠÛÝŽž");
-    static const QStringList fillers = QStringLiteral("one two three four five six seven eight nine ten").split(u' ');
+    static const QStringList fillers =
+        QStringLiteral("one two three four five six seven eight nine ten").split(u' ');
 
     if (text.trimmed().isEmpty())
         return text;
@@ -51,12 +52,12 @@ class LengtheningTranslator : public QTranslator
 public:
     explicit LengtheningTranslator(std::unique_ptr<QTranslator> english)
         : m_english(std::move(english))
-    {
-    }
+    { }
 
     bool isEmpty() const override { return m_english->isEmpty(); }
 
-    QString translate(const char *textContext, const char *source, const char *remark, int number) const override
+    QString translate(
+        const char *textContext, const char *source, const char *remark, int number) const override
     {
         const QString text = m_english->translate(textContext, source, remark, number);
         return text.isEmpty() ? text : lengthened(text);
@@ -126,7 +127,8 @@ bool LanguageTexts::load(const QString &code)
     if (!code.isEmpty()) {
         const QString file = code == pseudoCode() ? QStringLiteral("en") : code;
         const QDir folder(QStringLiteral(":/talvix/texts"));
-        const QStringList names = folder.entryList({QStringLiteral("*_%1.qm").arg(file)}, QDir::Files, QDir::Name);
+        const QStringList names =
+            folder.entryList({QStringLiteral("*_%1.qm").arg(file)}, QDir::Files, QDir::Name);
         for (const QString &name : names) {
             auto translator = std::make_unique<QTranslator>();
             if (!translator->load(folder.filePath(name)))
@@ -138,7 +140,8 @@ bool LanguageTexts::load(const QString &code)
         if (next.own.empty())
             return false;
         auto qtTexts = std::make_unique<QTranslator>();
-        if (qtTexts->load(QStringLiteral("qtbase_") + file, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        if (qtTexts->load(
+                QStringLiteral("qtbase_") + file, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
             next.installed.push_back(std::move(qtTexts));
     }
 

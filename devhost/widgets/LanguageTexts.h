@@ -6,7 +6,8 @@
 /// The texts in the language that is loaded.
 namespace LanguageTexts {
 
-/// The text of \a key; a key that the language does not know, as it stands. \a number takes the place of "%n".
+/// The text of \a key; a key that the language does not know, as it stands. \a number takes the place of
+/// "%n".
 QString find(const QString &key, int number = -1);
 
 QStringList languages();

@@ -10,7 +10,8 @@ constexpr int deepestLevel = 100;
 QString onOneLine(QString text)
 {
     for (QChar &c : text) {
-        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
+        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator
+            || c == QChar::ParagraphSeparator)
             c = u' ';
     }
     return text;
@@ -96,7 +97,9 @@ void OrganisationTreeModel::renewNodes(const QList<NODE> &nodes)
     for (int number = 0; number < m_entries.size(); ++number) {
         NODE &node = m_entries[number].node;
         const NODE *renewed = news.value(node.id);
-        if (!renewed || (renewed->name == node.name && renewed->iconPath == node.iconPath && renewed->toolTip == node.toolTip))
+        if (!renewed
+            || (renewed->name == node.name && renewed->iconPath == node.iconPath
+                && renewed->toolTip == node.toolTip))
             continue;
         node.name = renewed->name;
         node.iconPath = renewed->iconPath;
@@ -243,7 +246,8 @@ Qt::ItemFlags OrganisationTreeModel::flags(const QModelIndex &index) const
 {
     if (!index.isValid())
         return Qt::NoItemFlags;
-    return m_entries.at(numberOf(index)).node.enabled ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+    return m_entries.at(numberOf(index)).node.enabled ? Qt::ItemIsEnabled | Qt::ItemIsSelectable
+                                                      : Qt::NoItemFlags;
 }
 
 QIcon OrganisationTreeModel::iconOf(const NODE &node) const

@@ -9,8 +9,8 @@
 
 /// The organisation tree with one chosen node, and what a search leaves of it.
 ///
-/// The chosen node stays chosen while a search hides it. Nodes are known by their number, which is their place in
-/// the list that filled the tree and holds until it is filled anew.
+/// The chosen node stays chosen while a search hides it. Nodes are known by their number, which is their
+/// place in the list that filled the tree and holds until it is filled anew.
 class OrganisationTreeModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -18,7 +18,8 @@ class OrganisationTreeModel : public QAbstractItemModel
 public:
     using QAbstractItemModel::QAbstractItemModel;
 
-    /// Replaces the tree. A node whose parent is unknown becomes a root, and so does one of a circle of parents.
+    /// Replaces the tree. A node whose parent is unknown becomes a root, and so does one of a circle of
+    /// parents.
     void setNodes(const QList<NODE> &nodes);
     /// Renews names, icons and tool tips by id; ids that the tree does not have are passed over.
     void renewNodes(const QList<NODE> &nodes);
@@ -38,7 +39,10 @@ public:
     void choose(int number);
     void chooseRoot();
 
-    static int numberOf(const QModelIndex &index) { return index.isValid() ? static_cast<int>(index.internalId()) : -1; }
+    static int numberOf(const QModelIndex &index)
+    {
+        return index.isValid() ? static_cast<int>(index.internalId()) : -1;
+    }
     /// Invalid when the search hides the node.
     QModelIndex indexOf(int number) const;
 

@@ -36,8 +36,7 @@ inline const QList<Major> &majors()
         {Vehicle, VehicleKind, "TK_SnapVehicleKind",
             {"TK_SnapKindCar", "TK_SnapKindVan", "TK_SnapKindLorry", "TK_SnapKindBus",
                 "TK_SnapKindMotorcycle", "TK_SnapKindBicycle"}},
-        {Vehicle, VehicleDirection, "TK_SnapDirection",
-            {"TK_SnapDirectionIn", "TK_SnapDirectionOut"}},
+        {Vehicle, VehicleDirection, "TK_SnapDirection", {"TK_SnapDirectionIn", "TK_SnapDirectionOut"}},
         {Pedestrian, PedestrianAge, "TK_SnapAge",
             {"TK_SnapAgeChild", "TK_SnapAgeYouth", "TK_SnapAgeAdult", "TK_SnapAgeSenior"}},
         {Pedestrian, PedestrianUpperColour, "TK_SnapUpperColour",
@@ -45,8 +44,7 @@ inline const QList<Major> &majors()
                 "TK_SnapColourBlue", "TK_SnapColourYellow", "TK_SnapColourGreen"}},
         {Pedestrian, PedestrianBag, "TK_SnapBag",
             {"TK_SnapBagNone", "TK_SnapBagHandbag", "TK_SnapBagBackpack", "TK_SnapBagSuitcase"}},
-        {Pedestrian, PedestrianDirection, "TK_SnapDirection",
-            {"TK_SnapDirectionIn", "TK_SnapDirectionOut"}},
+        {Pedestrian, PedestrianDirection, "TK_SnapDirection", {"TK_SnapDirectionIn", "TK_SnapDirectionOut"}},
     };
     return table;
 }

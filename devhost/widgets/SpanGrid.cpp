@@ -13,7 +13,8 @@ constexpr int wheelStep = 120;
 QColor blended(const QColor &below, const QColor &above, double share)
 {
     const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
-    return QColor(mix(below.red(), above.red()), mix(below.green(), above.green()), mix(below.blue(), above.blue()));
+    return QColor(
+        mix(below.red(), above.red()), mix(below.green(), above.green()), mix(below.blue(), above.blue()));
 }
 
 } // namespace
@@ -139,7 +140,8 @@ void SpanGrid::paintEvent(QPaintEvent *)
     painter.setPen(palette().color(QPalette::PlaceholderText));
     for (qsizetype i = 0; i < m_header.size(); ++i) {
         const QRect below = rectOf(i);
-        painter.drawText(QRect(below.left(), 0, below.width(), headerHeight()), Qt::AlignCenter, m_header.at(i));
+        painter.drawText(
+            QRect(below.left(), 0, below.width(), headerHeight()), Qt::AlignCenter, m_header.at(i));
     }
     for (qsizetype i = 0; i < m_cells.size(); ++i)
         paintCell(painter, i);
@@ -176,10 +178,12 @@ void SpanGrid::paintCell(QPainter &painter, qsizetype index) const
     painter.setBrush(Qt::NoBrush);
     if (cell.present && !isEnd) {
         painter.setPen(QPen(palette().color(QPalette::Link), 1));
-        painter.drawLine(QPointF(area.center().x() - 5, area.bottom() - 3), QPointF(area.center().x() + 5, area.bottom() - 3));
+        painter.drawLine(QPointF(area.center().x() - 5, area.bottom() - 3),
+            QPointF(area.center().x() + 5, area.bottom() - 3));
     }
     if (hasFocus() && cell.unit == m_cursor) {
-        painter.setPen(QPen(isEnd ? palette().color(QPalette::HighlightedText) : palette().color(QPalette::Link), 1.2));
+        painter.setPen(
+            QPen(isEnd ? palette().color(QPalette::HighlightedText) : palette().color(QPalette::Link), 1.2));
         painter.drawRoundedRect(body.adjusted(0.6, 0.6, -0.6, -0.6), 4, 4);
     }
 

@@ -6,8 +6,8 @@
 
 /// A field of months, days or hours in which a run of neighbours can be marked.
 ///
-/// The grid draws and tells what the user does; what it means is its owner's affair. Cells are known by the number
-/// of their unit: months since year 0, Julian days, hours.
+/// The grid draws and tells what the user does; what it means is its owner's affair. Cells are known by the
+/// number of their unit: months since year 0, Julian days, hours.
 class SpanGrid : public QWidget
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ public:
     void setCursor(qint64 unit);
     qint64 cursor() const { return m_cursor; }
     /// Where the cell of \a unit is drawn; empty when the grid does not show it.
-    QRect cellRect(qint64 unit) const;
+    Q_INVOKABLE QRect cellRect(qint64 unit) const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

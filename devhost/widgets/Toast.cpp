@@ -68,7 +68,7 @@ void paintMark(QPainter &painter, Toast::Kind kind, const QColor &color)
     painter.setBrush(Qt::NoBrush);
     switch (kind) {
     case Toast::Warning:
-        painter.drawPolygon(QPolygonF {{0, -7.5}, {8, 6.5}, {-8, 6.5}});
+        painter.drawPolygon(QPolygonF{{0, -7.5}, {8, 6.5}, {-8, 6.5}});
         painter.drawLine(QPointF(0, -2.5), QPointF(0, 1.5));
         painter.drawPoint(QPointF(0, 4.2));
         return;
@@ -79,7 +79,7 @@ void paintMark(QPainter &painter, Toast::Kind kind, const QColor &color)
         return;
     case Toast::Success:
         painter.drawEllipse(QPointF(), 7.5, 7.5);
-        painter.drawPolyline(QPolygonF {{-3.4, 0.3}, {-0.9, 2.9}, {3.6, -2.5}});
+        painter.drawPolyline(QPolygonF{{-3.4, 0.3}, {-0.9, 2.9}, {3.6, -2.5}});
         return;
     case Toast::Statement:
         break;
@@ -97,7 +97,8 @@ class ToastStack : public QObject
 public:
     static ToastStack *of(QWidget *host, Qt::Edge side)
     {
-        const QString name = side == Qt::TopEdge ? QStringLiteral("messageStack") : QStringLiteral("tipStack");
+        const QString name =
+            side == Qt::TopEdge ? QStringLiteral("messageStack") : QStringLiteral("tipStack");
         if (auto *known = host->findChild<QObject *>(name, Qt::FindDirectChildrenOnly))
             return static_cast<ToastStack *>(known);
         auto *stack = new ToastStack(host, side);
@@ -133,10 +134,9 @@ public:
         QAccessible::updateAccessibility(&alert);
     }
 
-    void remove(Toast *toast)
+    void forget(Toast *toast)
     {
         m_toasts.removeOne(toast);
-        toast->deleteLater();
         arrange();
     }
 
@@ -168,8 +168,7 @@ private:
             place.moveTop(m_side == Qt::TopEdge ? offset : m_host->height() - offset - place.height());
             keepClearOfControl(place);
             (*toast)->slideTo(place.topLeft());
-            offset = spacing
-                + (m_side == Qt::TopEdge ? place.bottom() + 1 : m_host->height() - place.top());
+            offset = spacing + (m_side == Qt::TopEdge ? place.bottom() + 1 : m_host->height() - place.top());
         }
     }
 
@@ -231,8 +230,14 @@ Toast::Toast(ToastStack *stack, QWidget *host, const QString &text, Kind kind)
     });
     connect(m_fade, &QVariantAnimation::finished, this, [this] {
         if (m_leaving)
-            m_stack->remove(this);
+            deleteLater();
     });
+}
+
+Toast::~Toast()
+{
+    if (m_stack)
+        m_stack->forget(this);
 }
 
 void Toast::stayFor(int milliseconds)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QPointer>
 #include <QtGui/QTextLayout>
 #include <QtWidgets/QWidget>
 
@@ -24,6 +25,7 @@ public:
     static void showMessage(QWidget *host, const QString &text, Kind kind, int milliseconds);
 
     Toast(ToastStack *stack, QWidget *host, const QString &text, Kind kind);
+    ~Toast() override;
 
     bool tells(const QString &text, Kind kind) const { return text == m_text && kind == m_kind; }
     bool isLeaving() const { return m_leaving; }
@@ -42,7 +44,8 @@ private:
     /// Breaks the shown text into lines of at most \a width pixels; the answer is the room that they take.
     QSizeF layOut(int width);
 
-    ToastStack *m_stack;
+    /// Dies before its notes when the widget dies.
+    QPointer<ToastStack> m_stack;
     QString m_text;
     QString m_shownText;
     QTextLayout m_layout;

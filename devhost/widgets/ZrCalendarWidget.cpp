@@ -82,8 +82,7 @@ class ZrCalendarWidget::Private
 public:
     explicit Private(ZrCalendarWidget *widget)
         : q(widget)
-    {
-    }
+    { }
 
     void build();
     void retranslate();
@@ -197,8 +196,10 @@ void ZrCalendarWidget::Private::build()
     QObject::connect(pushButtonCancel, &QPushButton::clicked, q, &ZrCalendarWidget::shortcutClose);
     QObject::connect(pushButtonOK, &QPushButton::clicked, q, &ZrCalendarWidget::shortcutEnter);
     QObject::connect(grid, &SpanGrid::pageWanted, q, [this](int pages) { turnPages(pages); });
-    QObject::connect(grid, &SpanGrid::pressed, q, [this](qint64 unit) { type == Hour ? pickDay(unit) : pick(unit); });
-    QObject::connect(grid, &SpanGrid::dragged, q, [this](qint64 unit) { type == Hour ? pickDay(unit) : dragTo(unit); });
+    QObject::connect(
+        grid, &SpanGrid::pressed, q, [this](qint64 unit) { type == Hour ? pickDay(unit) : pick(unit); });
+    QObject::connect(
+        grid, &SpanGrid::dragged, q, [this](qint64 unit) { type == Hour ? pickDay(unit) : dragTo(unit); });
     QObject::connect(grid, &SpanGrid::cursorWanted, q, [this](qint64 unit, bool extend) {
         if (type == Hour)
             pickDay(unit);
@@ -207,14 +208,17 @@ void ZrCalendarWidget::Private::build()
     });
     QObject::connect(hours, &SpanGrid::pressed, q, [this](qint64 unit) { pick(unit); });
     QObject::connect(hours, &SpanGrid::dragged, q, [this](qint64 unit) { dragTo(unit); });
-    QObject::connect(hours, &SpanGrid::cursorWanted, q, [this](qint64 unit, bool extend) { moveCursor(unit, extend); });
+    QObject::connect(
+        hours, &SpanGrid::cursorWanted, q, [this](qint64 unit, bool extend) { moveCursor(unit, extend); });
     for (SpanGrid *field : {grid, hours})
         QObject::connect(field, &SpanGrid::released, q, [this] { endDrag(); });
 }
 
 void ZrCalendarWidget::Private::retranslate()
 {
-    const char *title = type == Month ? "TK_CalendarMonths" : type == Day ? "TK_CalendarDays" : "TK_CalendarHours";
+    const char *title = type == Month ? "TK_CalendarMonths"
+        : type == Day                 ? "TK_CalendarDays"
+                                      : "TK_CalendarHours";
     const char *limit = type == Month ? "TK_CalendarLimitMonths"
         : type == Day                 ? "TK_CalendarLimitDays"
                                       : "TK_CalendarLimitHours";
@@ -490,7 +494,7 @@ void ZrCalendarWidget::Private::fillHours()
 }
 
 ZrCalendarWidget::ZrCalendarWidget(QWidget *parent)
-    : BaseWidget(parent, Qt::Popup)
+    : BaseWidget(parent, Qt::Popup | Qt::FramelessWindowHint)
     , d(new Private(this))
 {
     d->build();
@@ -539,7 +543,8 @@ void ZrCalendarWidget::showDialog(const QDateTime &start, const QDateTime &stop)
     (d->type == Hour ? d->hours : d->grid)->setFocus(Qt::PopupFocusReason);
 }
 
-void ZrCalendarWidget::initForm() {}
+void ZrCalendarWidget::initForm()
+{ }
 
 void ZrCalendarWidget::retranslateUi()
 {

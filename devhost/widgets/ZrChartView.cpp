@@ -9,7 +9,7 @@ ZrChartView::ZrChartView(QChart *chart, QWidget *parent)
 {
     // The items of a chart all move at once: an index over them costs more than it finds.
     scene()->setItemIndexMethod(QGraphicsScene::NoIndex);
-    setMouseTracking(true);
+    viewport()->setMouseTracking(true);
 }
 
 ZrChartView::~ZrChartView() = default;

@@ -1,7 +1,7 @@
 #include <TalvixWidgets/ZrComboBoxWithTree.h>
 
-#include "OrganisationTreeModel.h"
 #include "LanguageTexts.h"
+#include "OrganisationTreeModel.h"
 
 #include <QtCore/QAbstractListModel>
 #include <QtCore/QSet>
@@ -12,6 +12,7 @@
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QStyleOptionComboBox>
 #include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
@@ -26,10 +27,12 @@ public:
     ChosenNodeModel(QObject *parent, std::function<void()> emptied)
         : QAbstractListModel(parent)
         , m_emptied(std::move(emptied))
-    {
-    }
+    { }
 
-    int rowCount(const QModelIndex &parent = {}) const override { return m_filled && !parent.isValid() ? 1 : 0; }
+    int rowCount(const QModelIndex &parent = {}) const override
+    {
+        return m_filled && !parent.isValid() ? 1 : 0;
+    }
 
     QVariant data(const QModelIndex &index, int role) const override
     {
@@ -90,8 +93,7 @@ public:
         , nodes(new OrganisationTreeModel(combo))
         , box(new ChosenNodeModel(combo, [this] { empty(); }))
         , tree(new ZrTreeView(combo))
-    {
-    }
+    { }
 
     void build();
     void empty();
@@ -119,7 +121,7 @@ void ZrComboBoxWithTree::Private::build()
 {
     if (popup)
         return;
-    popup = new QFrame(q, Qt::Popup);
+    popup = new QFrame(q, Qt::Popup | Qt::FramelessWindowHint);
     popup->setObjectName(QStringLiteral("treePopup"));
     popup->setFrameShape(QFrame::StyledPanel);
     popup->installEventFilter(q);
@@ -148,6 +150,7 @@ void ZrComboBoxWithTree::Private::build()
 
 void ZrComboBoxWithTree::Private::empty()
 {
+    q->hidePopup();
     settled = false;
     expanded.clear();
     nodes->setNodes({});
@@ -265,16 +268,22 @@ ZrComboBoxWithTree::ZrComboBoxWithTree(QWidget *parent)
 
 ZrComboBoxWithTree::~ZrComboBoxWithTree()
 {
+    // An open popup closes as it dies, which is nothing to answer any more.
     d->settled = false;
+    d->tree->removeEventFilter(this);
+    if (d->popup)
+        d->popup->removeEventFilter(this);
     delete d->tree;
     delete d->popup;
     delete d;
 }
 
-void ZrComboBoxWithTree::initForm() {}
+void ZrComboBoxWithTree::initForm()
+{ }
 
 void ZrComboBoxWithTree::addNode(QList<NODE> &nodes, bool expandRoot)
 {
+    hidePopup();
     d->settled = false;
     d->expanded.clear();
     d->nodes->setNodes(nodes);
@@ -284,7 +293,11 @@ void ZrComboBoxWithTree::addNode(QList<NODE> &nodes, bool expandRoot)
         return;
     }
     d->showChosen();
-    d->box->fill();
+    {
+        // The base makes the first row current; there is no current node yet.
+        const QSignalBlocker blocker(this);
+        d->box->fill();
+    }
     for (int row = 0; expandRoot && row < d->nodes->rowCount(); ++row)
         d->tree->expand(d->nodes->index(row, 0));
     d->settled = true;
@@ -307,7 +320,8 @@ void ZrComboBoxWithTree::showPopup()
 
     d->popup->ensurePolished();
     const int rowHeight = std::max(d->tree->sizeHintForRow(0), fontMetrics().height());
-    const int rows = std::clamp(static_cast<int>(std::min<qsizetype>(d->nodes->size(), 1000)), 6, std::max(6, std::min(maxVisibleItems(), 16)));
+    const int rows = std::clamp(static_cast<int>(std::min<qsizetype>(d->nodes->size(), 1000)), 6,
+        std::max(6, std::min(maxVisibleItems(), 16)));
     QSize size(std::max(width(), 280), rowHeight * rows + d->line->sizeHint().height() + 24);
     const QRect room = screen()->availableGeometry();
     size = size.boundedTo(room.size());
@@ -393,7 +407,8 @@ void ZrComboBoxWithTree::keyPressEvent(QKeyEvent *event)
         break;
     }
     const QString typed = event->text();
-    if (typed.isEmpty() || !typed.at(0).isPrint() || event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) {
+    if (typed.isEmpty() || !typed.at(0).isPrint()
+        || event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) {
         event->ignore();
         return;
     }
@@ -406,4 +421,15 @@ void ZrComboBoxWithTree::wheelEvent(QWheelEvent *event)
 {
     // Each node is a query; scrolling past the box must not ask for them all.
     event->ignore();
+}
+
+void ZrComboBoxWithTree::initStyleOption(QStyleOptionComboBox *option) const
+{
+    QComboBox::initStyleOption(option);
+    constexpr int gap = 4;
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this);
+    const int icon = option->currentIcon.isNull() ? 0 : option->iconSize.width() + gap;
+    option->currentText =
+        option->fontMetrics.elidedText(option->currentText, Qt::ElideRight, field.width() - icon - gap);
 }

@@ -42,7 +42,8 @@ ZrDialog::~ZrDialog()
 void ZrDialog::doAfterWidgetShow()
 {
     BaseWidget::doAfterWidgetShow();
-    // The first control takes the keys at once, unless that is the way out; whatever had them last keeps them.
+    // The first control takes the keys at once, unless that is the way out; whatever had them last keeps
+    // them.
     if (!focusWidget())
         focusNextChild();
     if (focusWidget() && focusWidget()->objectName() == closeButtonName())
@@ -53,8 +54,8 @@ void ZrDialog::shortcutEnter()
 {
     auto *button = findChild<QPushButton *>(QStringLiteral("pushButtonOK"));
     const QList<QPushButton *> buttons = findChildren<QPushButton *>();
-    const auto marked = std::find_if(
-        buttons.cbegin(), buttons.cend(), [](const QPushButton *candidate) { return candidate->isDefault(); });
+    const auto marked = std::find_if(buttons.cbegin(), buttons.cend(),
+        [](const QPushButton *candidate) { return candidate->isDefault(); });
     if (marked != buttons.cend())
         button = *marked;
     if (button && button->isVisible())
@@ -64,8 +65,7 @@ void ZrDialog::shortcutEnter()
 void ZrDialog::shortcutClose()
 {
     // By its own button, so that what the dialog answers to a press of it is answered here as well.
-    if (auto *button = findChild<QPushButton *>(closeButtonName());
-        button && button->isEnabled())
+    if (auto *button = findChild<QPushButton *>(closeButtonName()); button && button->isEnabled())
         button->click();
     else
         closeZrDialog();

@@ -1,5 +1,7 @@
 #include <TalvixWidgets/ZrLoaddingWidget.h>
 
+#include "LanguageTexts.h"
+
 #include <QtCore/QEvent>
 #include <QtGui/QPainter>
 
@@ -35,6 +37,7 @@ void ZrLoaddingWidget::start(int value)
     d->percent = std::clamp(value, 0, 100);
     if (!parentWidget())
         return;
+    setAccessibleName(LanguageTexts::find(QStringLiteral("TK_Loading")));
     setGeometry(parentWidget()->rect());
     show();
     raise();

@@ -4,8 +4,7 @@
 
 ZrPushButton::ZrPushButton(QWidget *parent)
     : QPushButton(parent)
-{
-}
+{ }
 
 ZrPushButton::~ZrPushButton() = default;
 

@@ -46,9 +46,9 @@ std::function<void(QPainter &)> exportArrow(const QColor &color)
 {
     return [color](QPainter &painter) {
         usePen(painter, color);
-        painter.drawPolyline(QPolygonF {{2.5, 9.5}, {2.5, 13.5}, {13.5, 13.5}, {13.5, 9.5}});
+        painter.drawPolyline(QPolygonF{{2.5, 9.5}, {2.5, 13.5}, {13.5, 13.5}, {13.5, 9.5}});
         painter.drawLine(QPointF(8, 10.2), QPointF(8, 2.6));
-        painter.drawPolyline(QPolygonF {{4.8, 5.6}, {8, 2.4}, {11.2, 5.6}});
+        painter.drawPolyline(QPolygonF{{4.8, 5.6}, {8, 2.4}, {11.2, 5.6}});
     };
 }
 
@@ -114,16 +114,16 @@ std::function<void(QPainter &)> checkBox(const QColor &ring, bool on)
         if (!on)
             return;
         usePen(painter, accent, 2);
-        painter.drawPolyline(QPolygonF {{4.6, 8.2}, {7.1, 10.7}, {11.6, 5.4}});
+        painter.drawPolyline(QPolygonF{{4.6, 8.2}, {7.1, 10.7}, {11.6, 5.4}});
     };
 }
 
 QList<Icon> icons()
 {
-    const QPolygonF left {{10, 3}, {5, 8}, {10, 13}};
-    const QPolygonF right {{6, 3}, {11, 8}, {6, 13}};
-    const QPolygonF down {{3, 6}, {8, 11}, {13, 6}};
-    const QPolygonF up {{3, 10}, {8, 5}, {13, 10}};
+    const QPolygonF left{{10, 3}, {5, 8}, {10, 13}};
+    const QPolygonF right{{6, 3}, {11, 8}, {6, 13}};
+    const QPolygonF down{{3, 6}, {8, 11}, {13, 6}};
+    const QPolygonF up{{3, 10}, {8, 5}, {13, 10}};
     const QString images = QStringLiteral("images/");
     const QString parts = QStringLiteral("parts/");
     return {
