@@ -71,7 +71,7 @@ private:
         auto *orgType = page->part<QComboBox>("comboBoxOrgType");
         for (int mode = 0; mode < orgType->count(); ++mode) {
             orgType->setCurrentIndex(mode);
-            ZrTreeView *tree = page->ui->comboBox->m_pTreeView;
+            ZrTreeView *tree = page->part<ZrComboBoxWithTree>("comboBox")->m_pTreeView;
             forEachIndex(tree->model(), {}, [&](const QModelIndex &index) {
                 tree->setCurrentIndex(index);
                 NODE node;

@@ -77,6 +77,13 @@ Distance distanceOf(SumMode mode)
     return {0, anyDepth};
 }
 
+QString joinFiguresOf(const char *subject)
+{
+    return QStringLiteral(" CROSS JOIN figure f WHERE f.fact = ? AND f.scope = ? AND f.subject = %1 "
+                          "AND f.bucket BETWEEN ? AND ?")
+        .arg(QLatin1String(subject));
+}
+
 std::vector<BucketFigure> figuresByBucket(Connection &connection, const Selection &selection)
 {
     std::vector<BucketFigure> figures;
@@ -208,11 +215,10 @@ QString directionOf(SortOrder order)
 PagedFigures figuresOfSources(
     Connection &connection, Fact fact, int organisation, SortOrder order, const Page &page, const Span &span)
 {
-    const QString counted = QStringLiteral(
-        "SELECT s.id, s.uid, SUM(f.count) AS total FROM organisation_path p "
-        "JOIN source s ON s.orga_id = p.descendant "
-        "JOIN figure f ON f.fact = ? AND f.scope = ? AND f.subject = s.id AND f.bucket BETWEEN ? AND ? "
-        "WHERE p.ancestor = ? GROUP BY s.id, s.uid");
+    const QString counted =
+        QStringLiteral("SELECT s.id, s.uid, SUM(f.count) AS total FROM organisation_path p "
+                       "JOIN source s ON s.orga_id = p.descendant")
+        + joinFiguresOf("s.id") + QStringLiteral(" AND p.ancestor = ? GROUP BY s.id, s.uid");
     const auto bindTo = [&](Query &query) -> Query & {
         return query.bind(static_cast<int>(fact))
             .bind(static_cast<int>(Scope::Source))

@@ -62,6 +62,11 @@ Distance distanceOf(SumMode mode);
 /// The figures of answers have 32 bits; what is greater stays at the greatest.
 int boundedCount(qint64 count);
 
+/// Joins the figures of the subjects that a statement selects: " CROSS JOIN figure f WHERE …", with question
+/// marks for fact, scope and the ends of the span. The cross join makes SQLite start from the few subjects;
+/// left to itself it would look for them in all the figures there are.
+QString joinFiguresOf(const char *subject);
+
 /// Whose figures, of what and over which span. Several subjects count together.
 struct Selection
 {

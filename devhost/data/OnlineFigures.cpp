@@ -92,12 +92,12 @@ std::vector<OnlineStatisticsRecord> onlineOfOrganisation(
     const Distance distance = distanceOf(mode);
     Query rows(connection,
         QStringLiteral("SELECT f.bucket, COUNT(DISTINCT f.subject) AS total FROM organisation_path p "
-                       "JOIN source s ON s.orga_id = p.descendant AND s.kind = ? "
-                       "JOIN figure f ON f.fact = ? AND f.scope = ? AND f.subject = s.id "
-                       "AND f.bucket BETWEEN ? AND ? WHERE p.ancestor = ? AND p.distance BETWEEN ? AND ? "
-                       "GROUP BY f.bucket ORDER BY f.bucket"));
-    rows.run(static_cast<int>(SourceKind::Device), static_cast<int>(Fact::OnlineMinutes),
-        static_cast<int>(Scope::Source), past.first, past.last, organisation, distance.least, distance.most);
+                       "JOIN source s ON s.orga_id = p.descendant")
+            + joinFiguresOf("s.id")
+            + QStringLiteral(" AND s.kind = ? AND p.ancestor = ? AND p.distance BETWEEN ? AND ? "
+                             "GROUP BY f.bucket ORDER BY f.bucket"));
+    rows.run(static_cast<int>(Fact::OnlineMinutes), static_cast<int>(Scope::Source), past.first, past.last,
+        static_cast<int>(SourceKind::Device), organisation, distance.least, distance.most);
     std::vector<BucketFigure> figures;
     while (rows.next())
         figures.push_back({rows.number("bucket"), 0, rows.number("total")});

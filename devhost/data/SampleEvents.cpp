@@ -20,6 +20,13 @@ constexpr std::array<int, 8> weekRhythm = {0, 95, 100, 100, 105, 110, 70, 45};
 constexpr std::array<int, 2> coarseHours = {9, 17};
 constexpr int coarseWeight = 7;
 
+// From here on the snapshots of an hour are of two looks, not of one.
+constexpr int manySnapshots = 40;
+
+// Snapshots are by far the most; when single events are made for measuring, the other kinds get a share as
+// well.
+constexpr int shareOfOthers = 8;
+
 constexpr int namelessType = 99;
 constexpr int minutesOfDay = 24 * 60;
 
@@ -91,9 +98,9 @@ private:
     void makeOnlineIntervals(Bucket day);
     void makeOnlineIntervals(Bucket day, int device);
     void emitOnline(Bucket day, int device, int from, int to);
-    void makeAlarms(Bucket hour, int channel, int busy);
-    void makeReadings(Bucket hour, int person, int busy);
-    void makeSnapshots(Bucket hour, int channel, int busy, int snapClass);
+    void makeAlarms(Bucket hour, int channel, qint64 busy);
+    void makeReadings(Bucket hour, int person, qint64 busy);
+    void makeSnapshots(Bucket hour, int channel, qint64 busy, int snapClass);
     Snapshot someSnapshot(Dice &dice, int channel, int snapClass) const;
 
     Dice dice(Topic topic, int subject, Bucket time) const
@@ -135,17 +142,18 @@ void Generator::makeHour(Bucket hour, int weekday)
 {
     if (hour * 100 + 60 <= m_options.from || hour * 100 >= m_options.to)
         return;
-    const int busy = dayRhythm[static_cast<size_t>(hour % 100)] * weekRhythm[static_cast<size_t>(weekday)]
+    const qint64 busy = dayRhythm[static_cast<size_t>(hour % 100)] * weekRhythm[static_cast<size_t>(weekday)]
         * (m_fine ? 1 : coarseWeight) / 100 * m_options.density;
+    const qint64 busyOthers = busy * (m_options.singly ? shareOfOthers : 1);
     for (const SampleWorld::Channel &channel : m_world.channels) {
-        makeAlarms(hour, channel.id, busy);
+        makeAlarms(hour, channel.id, busyOthers);
         if (channel.countsTraffic) {
             makeSnapshots(hour, channel.id, busy, vehicleClass);
             makeSnapshots(hour, channel.id, busy, pedestrianClass);
         }
     }
     for (const int person : m_world.persons)
-        makeReadings(hour, person, busy);
+        makeReadings(hour, person, busyOthers);
 }
 
 // The dice fall the same way for minutes that are not wanted, so that an hour can be made in pieces.
@@ -158,12 +166,12 @@ void Generator::emitEvent(Bucket hour, Dice &dice, Event event, int count)
         m_sink.add(event);
 }
 
-void Generator::makeAlarms(Bucket hour, int channel, int busy)
+void Generator::makeAlarms(Bucket hour, int channel, qint64 busy)
 {
     static constexpr std::array<int, 8> typeWeights = {34, 22, 12, 9, 8, 5, 5, 5};
     Dice dice = this->dice(alarmTopic, channel, hour);
     const int most = 150 + trait(alarmTopic, channel, 750);
-    int number = dice.amount(static_cast<qint64>(most) * busy / 10000);
+    int number = dice.amount(most * busy / 100000);
     while (number > 0) {
         AlarmEvent alarm;
         alarm.source = channel;
@@ -174,13 +182,13 @@ void Generator::makeAlarms(Bucket hour, int channel, int busy)
     }
 }
 
-void Generator::makeReadings(Bucket hour, int person, int busy)
+void Generator::makeReadings(Bucket hour, int person, qint64 busy)
 {
     static constexpr std::array<int, 4> classWeights = {93, 4, 2, 1};
     static constexpr std::array<int, 3> maskWeights = {12, 80, 8};
     static constexpr std::array<int, 3> handlingWeights = {30, 10, 60};
     Dice dice = this->dice(temperatureTopic, person, hour);
-    int number = dice.amount(static_cast<qint64>(120 + trait(temperatureTopic, person, 200)) * busy / 10000);
+    int number = dice.amount((120 + trait(temperatureTopic, person, 200)) * busy / 100000);
     while (number > 0) {
         TemperatureReading reading;
         reading.person = person;
@@ -212,14 +220,14 @@ Snapshot Generator::someSnapshot(Dice &dice, int channel, int snapClass) const
     return snapshot;
 }
 
-void Generator::makeSnapshots(Bucket hour, int channel, int busy, int snapClass)
+void Generator::makeSnapshots(Bucket hour, int channel, qint64 busy, int snapClass)
 {
     const Topic topic = snapClass == vehicleClass ? vehicleTopic : pedestrianTopic;
     Dice dice = this->dice(topic, channel, hour);
     const int most =
         snapClass == vehicleClass ? 2000 + trait(topic, channel, 30000) : 6000 + trait(topic, channel, 70000);
-    int number = dice.amount(static_cast<qint64>(most) * busy / 10000);
-    int groups = m_options.singly ? number : std::min(number, m_fine ? 2 : 1);
+    int number = dice.amount(most * busy / 100000);
+    int groups = m_options.singly ? number : std::min(number, m_fine && number >= manySnapshots ? 2 : 1);
     for (; groups > 0; --groups) {
         const int alike = number / groups;
         emitEvent(hour, dice, someSnapshot(dice, channel, snapClass), alike);
@@ -326,12 +334,14 @@ void generateSampleEvents(
 int densityForEvents(const SampleWorld &world, const SampleOptions &options, qint64 events)
 {
     SampleOptions week = options;
+    week.density = usualDensity;
     week.to = addMinutes(week.from, 7 * minutesOfDay);
     CountingSink sink;
     generateSampleEvents(world, week, sink);
     const qint64 expected =
         sink.events * std::max<qint64>(minutesBetween(options.from, options.to), 1) / (7 * minutesOfDay);
-    return static_cast<int>(std::clamp<qint64>(events * 100 / std::max<qint64>(expected, 1), 1, 1'000'000));
+    return static_cast<int>(
+        std::clamp<qint64>(events * usualDensity / std::max<qint64>(expected, 1), 1, 10'000'000));
 }
 
 } // namespace devdata

@@ -35,14 +35,17 @@ SampleWorld readSampleWorld(Connection &connection);
 /// How many of how many steps are done.
 using Progress = std::function<void(int done, int total)>;
 
+/// The density of an ordinary day; twice as much makes twice as many events.
+constexpr int usualDensity = 1000;
+
 struct SampleOptions
 {
     quint64 seed = 1;
-    Minute from = 0;     ///< first minute
-    Minute to = 0;       ///< first minute after the last
-    Minute fineFrom = 0; ///< days before this one have their events in a few hours only
-    int density = 100;   ///< in percent of the usual number of events
-    bool singly = false; ///< every alarm, reading and snapshot is an event of its own
+    Minute from = 0;            ///< first minute
+    Minute to = 0;              ///< first minute after the last
+    Minute fineFrom = 0;        ///< days before this one have their events in a few hours only
+    int density = usualDensity; ///< how many events
+    bool singly = false;        ///< every alarm, reading and snapshot is an event of its own
 };
 
 /// Makes events with the rhythm of days and weeks. The same seed gives the same events whether a stretch of

@@ -52,9 +52,8 @@ std::vector<SnapTimeSample> snapshotsOfChannels(Connection &connection, const Sp
     }
 
     Query rows(connection,
-        QStringLiteral("SELECT f.bucket, s.uid, f.class, f.count FROM source s "
-                       "JOIN figure f ON f.fact = ? AND f.scope = ? AND f.subject = s.id "
-                       "AND f.bucket BETWEEN ? AND ? ORDER BY s.id, f.bucket, f.class"));
+        QStringLiteral("SELECT f.bucket, s.uid, f.class, f.count FROM source s") + joinFiguresOf("s.id")
+            + QStringLiteral(" ORDER BY s.id, f.bucket, f.class"));
     rows.run(static_cast<int>(Fact::Snapshots), static_cast<int>(Scope::Source), span.first, span.last);
     bool anySnapshot = false;
     while (rows.next()) {

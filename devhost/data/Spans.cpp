@@ -128,12 +128,6 @@ Minute minuteOf(const QDateTime &moment)
     return dayOfDate(moment.date()) * 10000 + time.hour() * 100 + time.minute();
 }
 
-QDateTime momentOf(Minute minute)
-{
-    return QDateTime(dateOfDay(minute / 10000),
-        QTime(static_cast<int>(minute / 100 % 100), static_cast<int>(minute % 100)), Qt::UTC);
-}
-
 Bucket bucketOf(Minute minute, TimeUnit unit)
 {
     return bucketOfHour(minute / 100, unit);

@@ -34,8 +34,6 @@ struct Span
 Span parseSpan(int timeType, const std::string &start, const std::string &end);
 
 Minute minuteOf(const QDateTime &moment);
-/// \a minute must be a real one.
-QDateTime momentOf(Minute minute);
 Bucket bucketOf(Minute minute, TimeUnit unit);
 Bucket bucketOfHour(Bucket hour, TimeUnit unit);
 Bucket nextBucket(Bucket bucket, TimeUnit unit);

@@ -17,10 +17,14 @@ QString newConnectionName()
     return QStringLiteral("talvix-data-%1").arg(++count);
 }
 
+// The first line alone: PostgreSQL goes on with the statement and its codes.
 StoreError storeError(const QSqlError &error)
 {
     const QString text = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    return StoreError(text.simplified());
+    QString reason = text.trimmed().section(QLatin1Char('\n'), 0, 0).simplified();
+    if (reason.startsWith(QLatin1String("ERROR: ")))
+        reason.remove(0, 7);
+    return StoreError(reason);
 }
 
 bool isPostgresUrl(const QString &url)
@@ -74,8 +78,6 @@ void Connection::openSqlite(const QString &path)
     if (!m_database.open())
         throw StoreError(QStringLiteral("The database %1 cannot be opened: %2.")
                              .arg(path, storeError(m_database.lastError()).text()));
-    execute(QStringLiteral("PRAGMA cache_size = -65536"));
-    execute(QStringLiteral("PRAGMA temp_store = MEMORY"));
 }
 
 void Connection::openPostgres(const QString &url)
@@ -126,6 +128,14 @@ QStringList Connection::tableNames()
 QString Connection::clusteredTable() const
 {
     return isSqlite() ? QStringLiteral(" WITHOUT ROWID") : QString();
+}
+
+void Connection::tune()
+{
+    if (isSqlite()) {
+        execute(QStringLiteral("PRAGMA cache_size = -65536"));
+        execute(QStringLiteral("PRAGMA temp_store = MEMORY"));
+    }
 }
 
 void Connection::relaxForBulkWork()
@@ -195,11 +205,6 @@ qint64 Query::number(const char *column) const
 QString Query::text(const char *column) const
 {
     return value(column).toString();
-}
-
-bool Query::isNull(const char *column) const
-{
-    return value(column).isNull();
 }
 
 QString placeholders(size_t count)

@@ -41,6 +41,8 @@ public:
     QStringList tableNames();
     /// What follows the columns of a table that is its own primary key index, where that exists.
     QString clusteredTable() const;
+    /// Chooses what suits figures, until the connection ends.
+    void tune();
     /// Trades safety against power failure for speed, until the connection ends. For stores that can be
     /// refilled.
     void relaxForBulkWork();
@@ -85,7 +87,6 @@ public:
     int integer(const char *column) const;
     qint64 number(const char *column) const;
     QString text(const char *column) const;
-    bool isNull(const char *column) const;
 
 private:
     QVariant value(const char *column) const;

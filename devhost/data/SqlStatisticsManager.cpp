@@ -14,6 +14,8 @@ using namespace devdata;
 
 namespace {
 
+constexpr int longestLatency = 60'000;
+
 template <typename Request>
 Span spanOf(const Request &request)
 {
@@ -54,7 +56,7 @@ SqlStatisticsManager::~SqlStatisticsManager() = default;
 
 void SqlStatisticsManager::setLatency(int milliseconds)
 {
-    m_latency = std::max(milliseconds, 0);
+    m_latency = std::clamp(milliseconds, 0, longestLatency);
 }
 
 void SqlStatisticsManager::setFailureRate(int percent)

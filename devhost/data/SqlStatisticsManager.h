@@ -22,7 +22,7 @@ public:
     explicit SqlStatisticsManager(SqlStore &store);
     ~SqlStatisticsManager() override;
 
-    /// Every query takes at least this long.
+    /// Every query takes at least this long; at most a minute.
     void setLatency(int milliseconds);
     int latency() const { return m_latency; }
     /// So many of a hundred queries fail.

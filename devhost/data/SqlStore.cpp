@@ -42,6 +42,7 @@ bool SqlStore::open(const QString &url, QString *error)
     return attempt(error, [&] {
         auto opened = std::make_unique<Connection>(url);
         migrate(*opened);
+        opened->tune();
         Transaction transaction(*opened);
         if (numberOf(*opened, Setting::WorldCreated) == 0) {
             createWorld(*opened);

@@ -56,11 +56,10 @@ std::vector<TemperatureStatisticsItem> readingsOfGroup(Connection &connection, i
 TalvixGetTemperatureStatisticsOfPersonsResponseMessage readingsOfPersons(
     Connection &connection, int organisation, SortOrder order, const Page &page, const Span &span)
 {
-    const QString counted = QStringLiteral(
-        "SELECT n.id, n.name, SUM(f.count) AS total FROM organisation_path p "
-        "JOIN person_group g ON g.orga_id = p.descendant JOIN person n ON n.group_id = g.id "
-        "JOIN figure f ON f.fact = ? AND f.scope = ? AND f.subject = n.id AND f.bucket BETWEEN ? AND ? "
-        "WHERE p.ancestor = ? GROUP BY n.id, n.name");
+    const QString counted =
+        QStringLiteral("SELECT n.id, n.name, SUM(f.count) AS total FROM organisation_path p "
+                       "JOIN person_group g ON g.orga_id = p.descendant JOIN person n ON n.group_id = g.id")
+        + joinFiguresOf("n.id") + QStringLiteral(" AND p.ancestor = ? GROUP BY n.id, n.name");
     const auto bindTo = [&](Query &query) -> Query & {
         return query.bind(static_cast<int>(Fact::Readings))
             .bind(static_cast<int>(Scope::Person))
