@@ -17,6 +17,8 @@
 #include <QtWidgets/QPushButton>
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 Q_DECLARE_METATYPE(std::vector<int>)
 
@@ -846,7 +848,12 @@ private Q_SLOTS:
         QVERIFY(page->tips.isEmpty());
         QCOMPARE(service->calls, QStringList{"getAlarmStatisticsOfDevices"});
         page->slotSearch();
+        LogCapture log;
+        page->slotSearch();
         QVERIFY(page->tips.isEmpty());
+        QVERIFY(inOrder(log.lines(),
+            {" BasicChart::setBarList  barDataList is empty", "BasicChart::on_pushButtonDesc_clicked",
+                "BasicChart::loadChart", "BasicChart::loadChart  barDataList is empty"}));
     }
 
     void theManagerIsFetchedAnewForEachQuery()

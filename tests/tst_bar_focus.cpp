@@ -20,8 +20,9 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 
-#include <algorithm>
 #include <memory>
+#include <string>
+#include <vector>
 
 Q_DECLARE_METATYPE(LabelledValues)
 
@@ -284,6 +285,20 @@ private Q_SLOTS:
         QVERIFY(hover(1, 1));
         QVERIFY(page->m_pTimer->isActive());
         QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+    }
+
+    void aBarThatOneSeriesLacksIsHarmless()
+    {
+        QVERIFY(open(9));
+        page->barDataList = {{"North", 40}, {"South", 30}};
+        page->barDataList2 = {{"North", 15}};
+        page->devDataList = {{"North", "2"}, {"South", "3"}};
+        page->loadChart();
+        page->slotBarSelected(true, 1, set(1));
+        QCOMPARE(page->labelCallout->text(),
+            calloutText(QStringLiteral("TK_AlarmUnAccepted"), QStringLiteral("0")));
+        QVERIFY(!page->m_pTimer->isActive());
+        QCOMPARE(page->m_strSelectedBar, QStringLiteral("North"));
     }
 
     void figuresReadShort_data()

@@ -11,13 +11,15 @@
 #include <TalvixWidgets/ZrChartView.h>
 
 #include <QtCharts/QChart>
-#include <QtWidgets/QPushButton>
+#include <QtWidgets/QLineEdit>
 
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <limits>
 #include <memory>
 #include <mutex>
+#include <string>
 #include <thread>
 
 namespace {

@@ -277,6 +277,27 @@ private Q_SLOTS:
         QCOMPARE(index.indexOf(list, QStringLiteral("b")), 0);
     }
 
+    void theIndexNoticesAListThatWasReplaced_data()
+    {
+        QTest::addColumn<LabelledValues>("list");
+        QTest::addColumn<int>("positionOfB");
+
+        QTest::newRow("another end") << LabelledValues{{"b", 1}, {"a", 2}, {"d", 3}} << 0;
+        QTest::newRow("the same end, another order") << LabelledValues{{"b", 1}, {"a", 2}, {"c", 3}} << 0;
+        QTest::newRow("shorter") << LabelledValues{{"b", 1}, {"c", 3}} << 0;
+        QTest::newRow("shorter, without it") << LabelledValues{{"c", 3}} << -1;
+        QTest::newRow("longer") << LabelledValues{{"c", 1}, {"a", 2}, {"d", 3}, {"b", 4}} << 3;
+        QTest::newRow("empty") << LabelledValues() << -1;
+    }
+
+    void theIndexNoticesAListThatWasReplaced()
+    {
+        QFETCH(LabelledValues, list);
+        LabelIndex index;
+        QCOMPARE(index.indexOf(LabelledValues{{"a", 1}, {"b", 2}, {"c", 3}}, QStringLiteral("b")), 1);
+        QTEST(index.indexOf(list, QStringLiteral("b")), "positionOfB");
+    }
+
     void theIndexForgetsWhenTold()
     {
         LabelledValues list = {{"a", 1}, {"b", 2}};

@@ -14,13 +14,12 @@
 
 #include <QtCharts/QChart>
 #include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 
-#include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace {
 

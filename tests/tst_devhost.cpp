@@ -1,0 +1,741 @@
+#include "support/LogCapture.h"
+#include "support/TestMain.h"
+
+#include <devhost/app/DateOfPdf.h>
+#include <devhost/app/HostWindow.h>
+#include <devhost/app/Kinds.h>
+#include <devhost/app/Options.h>
+#include <devhost/client/ClientInstances.h>
+#include <devhost/data/CsvImport.h>
+#include <devhost/data/SqlKrxClient.h>
+#include <devhost/data/SqlStatisticsManager.h>
+#include <devhost/data/SqlStore.h>
+#include <devhost/widgets/HostSettings.h>
+#include <page/BasicChart.h>
+
+#include <QtCore/QProcess>
+#include <QtCore/QSettings>
+#include <QtCore/QTemporaryDir>
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlQuery>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QSpinBox>
+#include <QtWidgets/QTabWidget>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+// One event of each kind on the day that the tests live in, and one on the day before.
+constexpr const char *smallWorld = "kind,time,source,class,count\n"
+                                   "alarm,2024-05-03T09:10,gate-1,1,3\n"
+                                   "alarm,2024-05-03T11:00,gate-2,1,4\n"
+                                   "snapshot,2024-05-03T10:00,gate-1,4,20\n"
+                                   "snapshot,2024-05-03T10:00,gate-2,2,11\n"
+                                   "alarm,2024-05-02T11:00,gate-2,1,100\n";
+
+struct Run
+{
+    int code = -1;
+    QString out;
+    QString complaint;
+
+    QStringList lines() const { return out.split(u'\n', Qt::SkipEmptyParts); }
+    QStringList complaints() const { return complaint.split(u'\n', Qt::SkipEmptyParts); }
+};
+
+/// Where one test's files are, so that none sees another's or the user's.
+class Sandbox
+{
+public:
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+
+    QString write(const QString &name, const QByteArray &content) const
+    {
+        QFile file(path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("cannot write the sandbox");
+        return file.fileName();
+    }
+
+    QByteArray read(const QString &name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    bool isEmpty() const
+    {
+        return QDir(m_folder.path()).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+    }
+
+    /// Runs the program here, without a display.
+    Run run(const QStringList &arguments) const
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char *name :
+            {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_DATA_HOME", "XDG_CONFIG_HOME"})
+            environment.remove(QString::fromLatin1(name));
+        environment.insert(QStringLiteral("HOME"), m_folder.path());
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(m_folder.path());
+        process.start(QStringLiteral(TALVIX_DEVHOST), arguments);
+        Run run;
+        if (!process.waitForFinished(200'000) || process.exitStatus() != QProcess::NormalExit) {
+            run.complaint = process.errorString() + QString::fromUtf8(process.readAllStandardError());
+            return run;
+        }
+        run.code = process.exitCode();
+        run.out = QString::fromUtf8(process.readAllStandardOutput());
+        run.complaint = QString::fromUtf8(process.readAllStandardError());
+        return run;
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+QStringList words(const char *text)
+{
+    return QString::fromUtf8(text).split(u' ', Qt::SkipEmptyParts);
+}
+
+/// The window over a small store, as the program makes it.
+class Host
+{
+public:
+    Host()
+        : settings(sandbox.path(QStringLiteral("settings.ini")), QSettings::IniFormat)
+    {
+        store.setPresentMoment([] { return testMoment(); });
+        QString error;
+        const QString events = sandbox.write(QStringLiteral("events.csv"), smallWorld);
+        if (!store.open(QStringLiteral(":memory:"), &error) || !store.importFile(events, {}, nullptr, &error))
+            qFatal("%s", qUtf8Printable(error));
+        client = std::make_unique<SqlKrxClient>(store);
+        installKrxClient(client.get());
+        installStatisticsManager(&service);
+        HostSettings::applyTheme();
+        HostSettings::setLanguage(QStringLiteral("en"));
+    }
+
+    ~Host()
+    {
+        window.reset();
+        installKrxClient(nullptr);
+        installStatisticsManager(nullptr);
+        HostSettings::setLanguage({});
+        HostSettings::setDateOrder(HostSettings::DateOrder::YearFirst);
+        qApp->setStyleSheet({});
+    }
+
+    HostWindow &make()
+    {
+        window = std::make_unique<HostWindow>(service, settings);
+        return *window;
+    }
+
+    /// Shows the window and waits until its first page has been shown.
+    HostWindow &show()
+    {
+        if (!window)
+            make();
+        window->show();
+        if (!QTest::qWaitFor([this] { return page() != nullptr; }))
+            qFatal("no page came");
+        return *window;
+    }
+
+    BasicChart *page() const
+    {
+        for (auto *page : window->findChildren<BasicChart *>()) {
+            if (page->isVisible())
+                return page;
+        }
+        return nullptr;
+    }
+
+    template <typename Widget>
+    Widget *part(const char *name) const
+    {
+        return window->findChild<Widget *>(QString::fromLatin1(name));
+    }
+
+    Sandbox sandbox;
+    QSettings settings;
+    SqlStore store;
+    std::unique_ptr<SqlKrxClient> client;
+    SqlStatisticsManager service{store};
+    std::unique_ptr<HostWindow> window;
+};
+
+QStringList allLanguages()
+{
+    return {QStringLiteral("en"), QStringLiteral("zh_CN"), QStringLiteral("de"), QStringLiteral("x-long")};
+}
+
+} // namespace
+
+class tst_devhost : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void optionsAreUnderstood();
+    void aWrongCommandLineIsOneSentence_data();
+    void aWrongCommandLineIsOneSentence();
+    void helpNamesEveryOption();
+    void withoutADisplayTheWindowIsRefused();
+    void anUnusableDatabaseIsLeftAsItWas();
+    void aDatabaseOfANewerVersionIsRefused();
+    void aMissingImportFileMakesNoDatabase();
+    void aWrongLineKeepsNothing();
+    void wrongLinesCanBeLeftOut();
+    void picturesOfAllKindsAreToldByLines();
+    void picturesAreTheSameTwice();
+    void aFolderThatCannotBeMadeIsToldAsSuch();
+    void theDateOfAPdfKeepsItsLength();
+    void aPdfWithoutADateStaysAsItWas();
+
+    void theFirstPageAsksWhenTheWindowIsOnTheScreen();
+    void theChosenTabIsTheFirstOneToAsk();
+    void aKindOutsideTheTabsHasAPageOfItsOwn_data();
+    void aKindOutsideTheTabsHasAPageOfItsOwn();
+    void aKindThatIsNoneChangesNothing();
+    void theLanguageChangesLiveAndIsKept();
+    void theDateOrderIsKept();
+    void latencyAndFailuresReachTheService();
+    void failingOnceShowsTheTip();
+    void nothingIsClippedInTheBar_data();
+    void nothingIsClippedInTheBar();
+    void noPageIsSmallerThanItsControlsNeed_data();
+    void noPageIsSmallerThanItsControlsNeed();
+    void theListIsADrawerWhereThereIsNoRoom();
+    void everyControlHasANameAndCanBeReachedByTab();
+    void theGeometryIsKept();
+    void controlAndQClose();
+    void closingWhileAQueryRuns();
+};
+
+void tst_devhost::optionsAreUnderstood()
+{
+    const CommandLine line =
+        CommandLine::parse(words("talvix-devhost --database a.db --import e.csv --skip-bad-lines "
+                                 "--language zh_CN --service 9 --latency 1500 --fail 20 "
+                                 "--now 2014-03-15T17:00 --log"));
+    QCOMPARE(line.problem, QString());
+    QCOMPARE(line.wish, CommandLine::Wish::Run);
+    QCOMPARE(line.options.database, QStringLiteral("a.db"));
+    QCOMPARE(line.options.importFile, QStringLiteral("e.csv"));
+    QVERIFY(line.options.skipBadLines);
+    QCOMPARE(line.options.language, QStringLiteral("zh_CN"));
+    QCOMPARE(line.options.service, 9);
+    QCOMPARE(line.options.latency, 1500);
+    QCOMPARE(line.options.failureRate, 20);
+    QCOMPARE(line.options.now, QDateTime(QDate(2014, 3, 15), QTime(17, 0)));
+    QVERIFY(line.options.log);
+    QVERIFY(line.options.wantsWindow());
+    QVERIFY(!line.options.inMemory());
+    QVERIFY(CommandLine::parse(words("talvix-devhost --now 2014-03-15T17:00")).options.inMemory());
+    QVERIFY(CommandLine::parse(words("talvix-devhost --snapshot out")).options.inMemory());
+    QVERIFY(!CommandLine::parse(words("talvix-devhost")).options.inMemory());
+}
+
+void tst_devhost::aWrongCommandLineIsOneSentence_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("sentence");
+    const auto row = [](const char *name, const char *arguments, const char *sentence) {
+        QTest::newRow(name) << words(arguments) << QString::fromUtf8(sentence);
+    };
+    row("an unknown option", "--colour", "Unknown option 'colour'.");
+    row("a word that is no option", "pictures", "\"pictures\" is no option.");
+    row("an option without its value", "--database", "Missing value after '--database'.");
+    row("a moment that is none", "--now 2014-13-15T17:00",
+        "--now must be a local moment such as 2014-03-15T17:00, not \"2014-13-15T17:00\".");
+    row("a day in place of a moment", "--now 2014-03-15",
+        "--now must be a local moment such as 2014-03-15T17:00, not \"2014-03-15\".");
+    row("a year before all counting", "--now 0001-03-15T17:00",
+        "--now must be a local moment such as 2014-03-15T17:00, not \"0001-03-15T17:00\".");
+    row("a kind of statistics below the first", "--service 0",
+        "--service must be a whole number from 1 to 9, not \"0\".");
+    row("a kind of statistics above the last", "--service 10",
+        "--service must be a whole number from 1 to 9, not \"10\".");
+    row("a kind of statistics that is no number", "--service alarms",
+        "--service must be a whole number from 1 to 9, not \"alarms\".");
+    row("a negative latency", "--latency=-1",
+        "--latency must be a whole number from 0 to 60000, not \"-1\".");
+    row("more failures than queries", "--fail 101",
+        "--fail must be a whole number from 0 to 100, not \"101\".");
+    row("a number that is too large to be one", "--fail 99999999999999999999",
+        "--fail must be a whole number from 0 to 100, not \"99999999999999999999\".");
+    row("an unknown language", "--language fr",
+        "--language must be one of en, zh_CN, de, x-long, not \"fr\".");
+    row("an option twice", "--service 1 --service 2", "--service was given more than once.");
+    row("a number of events without making them", "--events 5",
+        "--events says how many events --generate makes; it does nothing alone.");
+    row("skipping lines without importing", "--skip-bad-lines",
+        "--skip-bad-lines says how --import reads; it does nothing alone.");
+    row("sample events and real ones", "--generate --import a.csv",
+        "--generate and --import contradict each other: choose sample events or real ones.");
+    row("no window and pictures", "--no-window --snapshot out --generate",
+        "--no-window and --snapshot contradict each other: pictures need no window anyway.");
+    row("no window and nothing to do", "--no-window",
+        "--no-window leaves nothing to do without --generate or --import.");
+}
+
+void tst_devhost::aWrongCommandLineIsOneSentence()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, sentence);
+    const Sandbox sandbox;
+    const Run run = sandbox.run(arguments);
+    QCOMPARE(run.code, 2);
+    QCOMPARE(run.out, QString());
+    QCOMPARE(run.complaint, QStringLiteral("talvix-devhost: %1 --help tells all options.\n").arg(sentence));
+    QVERIFY(sandbox.isEmpty());
+}
+
+void tst_devhost::helpNamesEveryOption()
+{
+    const Sandbox sandbox;
+    const Run run = sandbox.run({QStringLiteral("--help")});
+    QCOMPARE(run.code, 0);
+    for (const char *option :
+        {"--database", "--generate", "--events", "--import", "--skip-bad-lines", "--language", "--service",
+            "--latency", "--fail", "--now", "--snapshot", "--no-window", "--log"}) {
+        QVERIFY2(run.out.contains(QString::fromLatin1(option)), option);
+    }
+    QVERIFY(sandbox.isEmpty());
+}
+
+void tst_devhost::withoutADisplayTheWindowIsRefused()
+{
+    const Sandbox sandbox;
+    const Run run = sandbox.run({});
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.complaint,
+        QStringLiteral(
+            "talvix-devhost: There is no display for a window; --snapshot makes pictures without one.\n"));
+    QVERIFY(sandbox.isEmpty());
+}
+
+void tst_devhost::anUnusableDatabaseIsLeftAsItWas()
+{
+    const Sandbox sandbox;
+    const QByteArray letter = "Dear all,\nthis is no database.\n" + QByteArray(4096, 'x');
+    const QString file = sandbox.write(QStringLiteral("letter.txt"), letter);
+    const Run run = sandbox.run(
+        {QStringLiteral("--database"), file, QStringLiteral("--snapshot"), QStringLiteral("out")});
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.complaints().size(), 1);
+    QVERIFY(run.complaint.startsWith(QStringLiteral("talvix-devhost: ")));
+    QVERIFY(run.complaint.contains(file));
+    QCOMPARE(sandbox.read(QStringLiteral("letter.txt")), letter);
+    QVERIFY(!QFileInfo::exists(sandbox.path(QStringLiteral("out"))));
+}
+
+void tst_devhost::aDatabaseOfANewerVersionIsRefused()
+{
+    const Sandbox sandbox;
+    const QString file = sandbox.path(QStringLiteral("newer.db"));
+    {
+        SqlStore store;
+        QVERIFY(store.open(file));
+        QSqlQuery tables(QStringLiteral("SELECT name FROM sqlite_master WHERE sql LIKE '%version INTEGER%'"),
+            store.connection().database());
+        QVERIFY(tables.next());
+        store.connection().execute(
+            QStringLiteral("UPDATE %1 SET version = 1000").arg(tables.value(0).toString()));
+    }
+    const QByteArray before = sandbox.read(QStringLiteral("newer.db"));
+    const Run run = sandbox.run(
+        {QStringLiteral("--database"), file, QStringLiteral("--snapshot"), QStringLiteral("out")});
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.complaints().size(), 1);
+    QVERIFY(run.complaint.contains(QStringLiteral("version 1000")));
+    QCOMPARE(sandbox.read(QStringLiteral("newer.db")), before);
+    QVERIFY(!QFileInfo::exists(sandbox.path(QStringLiteral("out"))));
+}
+
+void tst_devhost::aMissingImportFileMakesNoDatabase()
+{
+    const Sandbox sandbox;
+    const Run run = sandbox.run(words("--database new.db --import nowhere.csv --no-window"));
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.complaint, QStringLiteral("talvix-devhost: There is no file \"nowhere.csv\" to import.\n"));
+    QVERIFY(sandbox.isEmpty());
+}
+
+void tst_devhost::aWrongLineKeepsNothing()
+{
+    const Sandbox sandbox;
+    sandbox.write(
+        QStringLiteral("e.csv"), smallWorld + QByteArray("snapshot,2024-05-03T10:00,gate-2,2,many\n"));
+    const Run run = sandbox.run(words("--database a.db --import e.csv --no-window --now 2024-05-03T17:20"));
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.complaints().constLast().startsWith(QStringLiteral("talvix-devhost: ")),
+        qPrintable(run.complaint));
+    QVERIFY2(run.complaints().constLast().contains(QStringLiteral("line 7")), qPrintable(run.complaint));
+
+    SqlStore store;
+    QVERIFY(store.open(sandbox.path(QStringLiteral("a.db"))));
+    QVERIFY(store.isEmpty());
+}
+
+void tst_devhost::wrongLinesCanBeLeftOut()
+{
+    const Sandbox sandbox;
+    sandbox.write(
+        QStringLiteral("e.csv"), smallWorld + QByteArray("snapshot,2024-05-03T10:00,gate-2,2,many\n"));
+    const Run run = sandbox.run(
+        words("--database a.db --import e.csv --skip-bad-lines --no-window --now 2024-05-03T17:20"));
+    QCOMPARE(run.code, 0);
+    QVERIFY2(run.complaint.contains(QStringLiteral("5 lines imported, 1 left out, 2 sources added.")),
+        qPrintable(run.complaint));
+    QVERIFY2(run.complaint.contains(QStringLiteral("Left out: line 7")), qPrintable(run.complaint));
+}
+
+void tst_devhost::picturesOfAllKindsAreToldByLines()
+{
+    const Sandbox sandbox;
+    sandbox.write(QStringLiteral("e.csv"), smallWorld);
+    const Run run =
+        sandbox.run(words("--database a.db --import e.csv --now 2024-05-03T17:20 --snapshot out/pictures"));
+    QVERIFY2(run.code == 0, qPrintable(run.complaint));
+    const QStringList lines = run.lines();
+    QCOMPARE(lines.size(), 9);
+    for (const Kind &kind : allKinds()) {
+        const QString &line = lines.at(kind.service - 1);
+        const QString name = QStringLiteral("out/pictures/%1-%2").arg(kind.service).arg(kind.name);
+        QVERIFY2(
+            line.startsWith(QStringLiteral("%1 %2: ").arg(kind.service).arg(kind.name)), qPrintable(line));
+        QVERIFY2(line.endsWith(QStringLiteral(", %1.png").arg(name)), qPrintable(line));
+        QVERIFY(sandbox.read(name + QStringLiteral(".png")).startsWith("\x89PNG"));
+        QVERIFY(sandbox.read(name + QStringLiteral(".pdf")).startsWith("%PDF-"));
+    }
+    QCOMPARE(lines.at(1),
+        QStringLiteral("2 alarms-of-devices: 2 bars, sum 7, out/pictures/2-alarms-of-devices.png"));
+    QCOMPARE(lines.at(7),
+        QStringLiteral("8 traffic-of-devices: 2 bars, sum 31, out/pictures/8-traffic-of-devices.png"));
+    QVERIFY(lines.at(4).contains(QStringLiteral(": 0 bars, sum 0, ")));
+}
+
+void tst_devhost::picturesAreTheSameTwice()
+{
+    const Sandbox sandbox;
+    sandbox.write(QStringLiteral("e.csv"), smallWorld);
+    QCOMPARE(sandbox.run(words("--database a.db --import e.csv --now 2024-05-03T17:20 --no-window")).code, 0);
+    for (const char *folder : {"first", "second"}) {
+        const QStringList arguments = words("--database a.db --now 2024-05-03T17:20 --service 1 --snapshot");
+        QCOMPARE(sandbox.run(arguments + QStringList(QString::fromLatin1(folder))).code, 0);
+        // A second later a date taken from the clock would be another one.
+        QTest::qWait(1000);
+    }
+    for (const char *file : {"1-alarms-of-organisations.png", "1-alarms-of-organisations.pdf"}) {
+        const QByteArray first = sandbox.read(QStringLiteral("first/") + QString::fromLatin1(file));
+        QVERIFY(!first.isEmpty());
+        QVERIFY2(first == sandbox.read(QStringLiteral("second/") + QString::fromLatin1(file)), file);
+    }
+}
+
+void tst_devhost::aFolderThatCannotBeMadeIsToldAsSuch()
+{
+    const Sandbox sandbox;
+    sandbox.write(QStringLiteral("e.csv"), smallWorld);
+    sandbox.write(QStringLiteral("taken"), "a file");
+    const Run run =
+        sandbox.run(words("--database a.db --import e.csv --now 2024-05-03T17:20 --snapshot taken/out"));
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.complaints().constLast(),
+        QStringLiteral("talvix-devhost: The folder \"taken/out\" cannot be made."));
+}
+
+void tst_devhost::theDateOfAPdfKeepsItsLength()
+{
+    QByteArray pdf = "1 0 obj\n/CreationDate (D:20240503172030+02'00')\nendobj";
+    QVERIFY(setDateOfPdf(pdf, QDateTime(QDate(2014, 3, 15), QTime(7, 8, 9))));
+    QCOMPARE(pdf, QByteArray("1 0 obj\n/CreationDate (D:20140315070809+02'00')\nendobj"));
+}
+
+void tst_devhost::aPdfWithoutADateStaysAsItWas()
+{
+    for (const QByteArray &without : {QByteArray(), QByteArray("%PDF-1.4"),
+             QByteArray("/CreationDate (D:2024)"), QByteArray("/CreationDate (D:")}) {
+        QByteArray pdf = without;
+        QVERIFY(!setDateOfPdf(pdf, testMoment()));
+        QCOMPARE(pdf, without);
+    }
+}
+
+void tst_devhost::theFirstPageAsksWhenTheWindowIsOnTheScreen()
+{
+    Host host;
+    LogCapture log;
+    host.make();
+    QCoreApplication::processEvents();
+    QVERIFY(!log.containsStart(QStringLiteral("BasicChart::doAfterWidgetShow")));
+    host.show();
+    QCOMPARE(log.count(QStringLiteral("BasicChart::doAfterWidgetShow Type 1")), 1);
+    QVERIFY(host.window->windowHandle()->isExposed());
+}
+
+void tst_devhost::theChosenTabIsTheFirstOneToAsk()
+{
+    Host host;
+    LogCapture log;
+    host.make().openKind(3);
+    host.show();
+    QCOMPARE(host.part<QTabWidget>("tabWidget")->currentIndex(), 2);
+    QVERIFY(log.contains(QStringLiteral("BasicChart::doAfterWidgetShow Type 3")));
+    QVERIFY(!log.contains(QStringLiteral("BasicChart::doAfterWidgetShow Type 1")));
+}
+
+void tst_devhost::aKindOutsideTheTabsHasAPageOfItsOwn_data()
+{
+    QTest::addColumn<int>("service");
+    for (int service = 5; service <= 9; ++service)
+        QTest::addRow("kind %d", service) << service;
+}
+
+void tst_devhost::aKindOutsideTheTabsHasAPageOfItsOwn()
+{
+    QFETCH(int, service);
+    Host host;
+    host.show();
+    QCOMPARE(host.window->findChildren<BasicChart *>().size(), 4);
+    const QPointer<BasicChart> alarms = host.page();
+
+    LogCapture log;
+    host.window->openKind(service);
+    QCOMPARE(host.window->findChildren<BasicChart *>().size(), 5);
+    QVERIFY(host.page() != alarms);
+    host.window->openKind(1);
+    QCOMPARE(host.page(), alarms.data());
+    host.window->openKind(service);
+    QCOMPARE(host.window->findChildren<BasicChart *>().size(), 5);
+    QVERIFY(log.contains(QStringLiteral("BasicChart::doAfterWidgetHide Type %1").arg(service)));
+}
+
+void tst_devhost::aKindThatIsNoneChangesNothing()
+{
+    Host host;
+    host.show();
+    const BasicChart *before = host.page();
+    for (const int service : {-1, 0, 10, std::numeric_limits<int>::max()})
+        host.window->openKind(service);
+    QCOMPARE(host.page(), before);
+}
+
+void tst_devhost::theLanguageChangesLiveAndIsKept()
+{
+    Host host;
+    host.show();
+    QCOMPARE(host.window->windowTitle(), QStringLiteral("TalvixDataStatics · Development host"));
+    auto *language = host.part<QComboBox>("hostLanguage");
+    QCOMPARE(language->currentText(), QStringLiteral("English"));
+    language->setFocus();
+    QTest::keyClicks(language, QStringLiteral("Deutsch"));
+    QCOMPARE(HostSettings::language(), QStringLiteral("de"));
+    QCOMPARE(host.window->windowTitle(), QStringLiteral("TalvixDataStatics · Entwicklungs-Host"));
+    QCOMPARE(host.page()->findChild<QPushButton *>(QStringLiteral("pushButtonDay"))->text(),
+        QStringLiteral("Tag"));
+    QCOMPARE(host.settings.value(QStringLiteral("language")).toString(), QStringLiteral("de"));
+}
+
+void tst_devhost::theDateOrderIsKept()
+{
+    Host host;
+    host.show();
+    auto *order = host.part<QComboBox>("hostDateOrder");
+    QTest::keyClick(order, Qt::Key_Down);
+    QCOMPARE(HostSettings::dateOrder(), HostSettings::DateOrder::DayFirst);
+    QVERIFY(host.settings.value(QStringLiteral("dayFirst")).toBool());
+    QTest::keyClick(order, Qt::Key_Up);
+    QCOMPARE(HostSettings::dateOrder(), HostSettings::DateOrder::YearFirst);
+    QVERIFY(!host.settings.value(QStringLiteral("dayFirst")).toBool());
+}
+
+void tst_devhost::latencyAndFailuresReachTheService()
+{
+    Host host;
+    host.service.setLatency(250);
+    host.service.setFailureRate(10);
+    host.show();
+    QCOMPARE(host.part<QSpinBox>("hostLatency")->value(), 250);
+    QCOMPARE(host.part<QSpinBox>("hostFailureRate")->value(), 10);
+    QTest::keyClick(host.part<QSpinBox>("hostLatency"), Qt::Key_Up);
+    QTest::keyClick(host.part<QSpinBox>("hostFailureRate"), Qt::Key_Up);
+    QCOMPARE(host.service.latency(), 500);
+    QCOMPARE(host.service.failureRate(), 20);
+}
+
+void tst_devhost::failingOnceShowsTheTip()
+{
+    Host host;
+    host.show();
+    QTest::mouseClick(host.part<QPushButton>("hostFailNext"), Qt::LeftButton);
+    QTest::mouseClick(host.page()->findChild<QPushButton *>(QStringLiteral("pushButtonDay")), Qt::LeftButton);
+    const auto tips = host.page()->findChildren<QWidget *>(QStringLiteral("toast"));
+    QVERIFY(std::any_of(tips.cbegin(), tips.cend(), [](const QWidget *tip) {
+        return tip->accessibleName().startsWith(QStringLiteral("The statistics could not be loaded: "));
+    }));
+}
+
+void tst_devhost::nothingIsClippedInTheBar_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QSize>("size");
+    for (const QString &language : allLanguages()) {
+        for (const QSize size : {QSize(1024, 700), QSize(1280, 800), QSize(1920, 1080)}) {
+            QTest::addRow("%s at %d", qPrintable(language), size.width()) << language << size;
+        }
+    }
+}
+
+void tst_devhost::nothingIsClippedInTheBar()
+{
+    QFETCH(QString, language);
+    QFETCH(QSize, size);
+    Host host;
+    HostSettings::setLanguage(language);
+    host.make().resize(size);
+    host.show();
+    QCOMPARE(host.window->size(), size);
+    const auto *bar = host.part<QWidget>("hostBar");
+    QList<QRect> taken;
+    for (const auto *control : bar->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!control->isVisible())
+            continue;
+        const QRect place = control->geometry();
+        const QByteArray name = control->objectName().toUtf8();
+        QVERIFY2(bar->rect().contains(place), name.constData());
+        QVERIFY2(place.width() >= control->minimumSizeHint().width(), name.constData());
+        for (const QRect &other : std::as_const(taken))
+            QVERIFY2(!place.intersects(other), name.constData());
+        taken.append(place);
+    }
+    QVERIFY(taken.size() >= 7);
+}
+
+void tst_devhost::noPageIsSmallerThanItsControlsNeed_data()
+{
+    QTest::addColumn<int>("service");
+    for (int service = 1; service <= 9; ++service)
+        QTest::addRow("kind %d", service) << service;
+}
+
+// Below that its layouts would lay controls upon each other; the stage scrolls instead.
+void tst_devhost::noPageIsSmallerThanItsControlsNeed()
+{
+    QFETCH(int, service);
+    Host host;
+    HostSettings::setLanguage(QStringLiteral("x-long"));
+    host.make().resize(1024, 700);
+    host.window->openKind(service);
+    host.show();
+    QTRY_VERIFY(host.page()->width() >= host.page()->minimumSizeHint().width());
+    QVERIFY(host.page()->height() >= host.page()->minimumSizeHint().height());
+}
+
+void tst_devhost::theListIsADrawerWhereThereIsNoRoom()
+{
+    Host host;
+    host.make().resize(1280, 800);
+    host.show();
+    auto *menu = host.part<QPushButton>("hostMenu");
+    auto *list = host.part<QListWidget>("hostKinds");
+    QVERIFY(menu->isVisible());
+    QVERIFY(!list->isVisible());
+    QTest::mouseClick(menu, Qt::LeftButton);
+    QVERIFY(list->isVisible());
+    QTest::keyClick(list, Qt::Key_Escape);
+    QVERIFY(!list->isVisible());
+    QTest::mouseClick(menu, Qt::LeftButton);
+    QTest::mouseClick(host.part<QWidget>("hostBar"), Qt::LeftButton);
+    QVERIFY(!list->isVisible());
+    QTest::mouseClick(menu, Qt::LeftButton);
+    QListWidgetItem *last = list->item(list->count() - 1);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(last).center());
+    QVERIFY(!list->isVisible());
+    QCOMPARE(list->currentItem(), last);
+    QCOMPARE(menu->accessibleDescription(), QStringLiteral("Temperature alarms by device group"));
+
+    host.window->resize(1600, 900);
+    QTRY_VERIFY(list->isVisible());
+    QVERIFY(!menu->isVisible());
+    QVERIFY(host.page()->mapTo(host.window.get(), QPoint()).x() >= list->width());
+    host.window->resize(1280, 800);
+    QTRY_VERIFY(!list->isVisible());
+    QVERIFY(menu->isVisible());
+}
+
+void tst_devhost::everyControlHasANameAndCanBeReachedByTab()
+{
+    Host host;
+    host.make().resize(1600, 900);
+    host.show();
+    host.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(host.window.get()));
+    QWidgetList wanted = {host.part<QListWidget>("hostKinds")};
+    for (const char *name :
+        {"hostLanguage", "hostDateOrder", "hostLatency", "hostFailureRate", "hostFailNext"})
+        wanted.append(host.part<QWidget>(name));
+    for (const QWidget *control : std::as_const(wanted)) {
+        const auto *button = qobject_cast<const QPushButton *>(control);
+        QVERIFY2(!control->accessibleName().isEmpty() || (button && !button->text().isEmpty()),
+            qPrintable(control->objectName()));
+    }
+    wanted.first()->setFocus();
+    QWidgetList reached;
+    for (int i = 0; i < 100 && reached.size() < wanted.size(); ++i) {
+        QWidget *focused = QApplication::focusWidget();
+        QVERIFY(focused);
+        if (wanted.contains(focused) && !reached.contains(focused))
+            reached.append(focused);
+        QTest::keyClick(focused, Qt::Key_Tab);
+    }
+    QCOMPARE(reached.size(), wanted.size());
+}
+
+void tst_devhost::theGeometryIsKept()
+{
+    Host host;
+    host.show();
+    QCOMPARE(host.window->size(), QSize(1280, 800));
+    host.window->resize(1400, 860);
+    QVERIFY(host.window->close());
+    host.window.reset();
+    host.show();
+    QCOMPARE(host.window->size(), QSize(1400, 860));
+}
+
+void tst_devhost::controlAndQClose()
+{
+    Host host;
+    host.show();
+    QVERIFY(QTest::qWaitForWindowActive(host.window.get()));
+    QTest::keyClick(host.window.get(), Qt::Key_Q, Qt::ControlModifier);
+    QVERIFY(!host.window->isVisible());
+}
+
+void tst_devhost::closingWhileAQueryRuns()
+{
+    Host host;
+    host.show();
+    host.service.setLatency(100);
+    HostWindow *window = host.window.get();
+    QTimer::singleShot(0, window, &QWidget::close);
+    window->openKind(7);
+    QVERIFY(window->isVisible());
+    QTRY_VERIFY(!window->isVisible());
+    host.window.reset();
+    QCoreApplication::processEvents();
+}
+
+TALVIX_TEST_MAIN(tst_devhost)
+#include "tst_devhost.moc"
