@@ -28,6 +28,7 @@ install_missing() {
         return 0
     fi
     echo "Installing: ${missing[*]}" >&2
-    DEBIAN_FRONTEND=noninteractive apt-get -qq update >&2
-    DEBIAN_FRONTEND=noninteractive apt-get -qq install --yes --no-install-recommends "${missing[@]}" >&2
+    local apt_get=(env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Acquire::Retries=3)
+    "${apt_get[@]}" update > /dev/null
+    "${apt_get[@]}" install --yes --no-install-recommends "${missing[@]}" > /dev/null
 }

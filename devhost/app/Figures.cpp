@@ -1,0 +1,125 @@
+#include "Figures.h"
+
+#include "ProgressLine.h"
+
+#include "devhost/client/ClientInstances.h"
+#include "devhost/data/CsvImport.h"
+
+#include <QtCore/QDebug>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QStandardPaths>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int daysOfManyEvents = 365;
+
+SqlStore::Progress progressOn(ProgressLine &line)
+{
+    return [&line](int done, int total) { line.tell(done, total); };
+}
+
+void tell(const QString &sentence)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(sentence));
+}
+
+} // namespace
+
+Figures::Figures(const Options &options)
+    : m_options(options)
+{
+    if (m_options.now.isValid())
+        m_store.setPresentMoment([now = m_options.now] { return now; });
+}
+
+Figures::~Figures()
+{
+    installKrxClient(nullptr);
+    installStatisticsManager(nullptr);
+}
+
+bool Figures::open(QString *error)
+{
+    // Before a database comes into being for a file that is not there.
+    if (!m_options.importFile.isEmpty() && !QFileInfo(m_options.importFile).isFile()) {
+        *error = QStringLiteral("There is no file \"%1\" to import.").arg(m_options.importFile);
+        return false;
+    }
+    const QString url = place(error);
+    if (url.isEmpty() || !m_store.open(url, error) || !fillAsAsked(error))
+        return false;
+    m_client = std::make_unique<SqlKrxClient>(m_store);
+    m_service = std::make_unique<SqlStatisticsManager>(m_store);
+    m_service->setLatency(m_options.latency);
+    m_service->setFailureRate(m_options.failureRate);
+    installKrxClient(m_client.get());
+    installStatisticsManager(m_service.get());
+    return true;
+}
+
+QString Figures::place(QString *error) const
+{
+    if (!m_options.database.isEmpty())
+        return m_options.database;
+    if (m_options.inMemory())
+        return QStringLiteral(":memory:");
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    if (!QDir().mkpath(folder)) {
+        *error = QStringLiteral("The folder \"%1\" for the database cannot be made.").arg(folder);
+        return {};
+    }
+    return QDir(folder).filePath(QStringLiteral("figures.db"));
+}
+
+bool Figures::fillAsAsked(QString *error)
+{
+    if (!m_options.importFile.isEmpty())
+        return importFile(error);
+    if (m_options.events > 0) {
+        ProgressLine line(QStringLiteral("Making %1 events").arg(m_options.events));
+        return m_store.fillForMeasuring(m_options.events, daysOfManyEvents, error, progressOn(line));
+    }
+    if (m_store.isEmpty() || (m_options.generate && !m_store.hasSamples())) {
+        ProgressLine line(QStringLiteral("Making sample events"));
+        return m_store.fill(error, progressOn(line));
+    }
+    ProgressLine line(QStringLiteral("Continuing the sample events"));
+    return m_store.topUp(error, progressOn(line));
+}
+
+bool Figures::importFile(QString *error)
+{
+    devdata::ImportOptions options;
+    options.skipBadLines = m_options.skipBadLines;
+    devdata::ImportReport report;
+    {
+        ProgressLine line(QStringLiteral("Importing ") + m_options.importFile);
+        if (!m_store.importFile(m_options.importFile, options, &report, error, progressOn(line)))
+            return false;
+    }
+    tell(QStringLiteral("%1 lines imported, %2 left out, %3 sources added.")
+             .arg(report.kept)
+             .arg(report.leftOut)
+             .arg(report.added));
+    for (const QString &reason : report.reasons)
+        tell(QStringLiteral("Left out: ") + reason);
+    const auto listed = static_cast<qint64>(report.reasons.size());
+    if (report.leftOut > listed)
+        tell(QStringLiteral("… and %1 more.").arg(report.leftOut - listed));
+    return true;
+}
+
+void Figures::keepUp()
+{
+    QString error;
+    if (!m_store.topUp(&error))
+        qWarning("%s", qUtf8Printable(error));
+}
+
+QString Figures::displayName()
+{
+    return m_store.connection().displayName();
+}
