@@ -130,6 +130,7 @@ void BasicChart::appendSlices(QPieSeries &series, int total)
 void BasicChart::slot_switchPieChart(QAbstractButton *)
 {
     pieDataList.clear();
+    m_pieLabels.reset();
     const QList<int> majorTypes = openSnapClass();
     if (!comboBoxPie)
         return;

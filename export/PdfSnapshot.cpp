@@ -63,7 +63,8 @@ void BasicChart::on_pushButtonExport_clicked()
     connect(m_pExportWidget, &QObject::destroyed, &answer, [&answer] { answer.exit(dismissed); });
     const QPointer<BasicChart> page(this);
     m_pExportWidget->showZrDialog();
-    if (answer.exec(QEventLoop::DialogExec) == dismissed || !page)
+    // An application that is quitting answers -1.
+    if (answer.exec(QEventLoop::DialogExec) <= dismissed || !page)
         return;
 
     QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));

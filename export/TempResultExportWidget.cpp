@@ -77,6 +77,6 @@ void TempResultExportWidget::dismiss()
 void TempResultExportWidget::closeEvent(QCloseEvent *event)
 {
     ZrDialog::closeEvent(event);
-    if (event->spontaneous())
+    if (event->spontaneous() && isVisible())
         dismiss();
 }

@@ -48,11 +48,13 @@ LabelledValues slicesOf(const std::vector<TempDistributionItem> &items, const Cl
 void BasicChart::setTemperaturePieList(const std::vector<TempDistributionItem> &items)
 {
     pieDataList = slicesOf(items, temperatureClasses);
+    m_pieLabels.reset();
 }
 
 void BasicChart::setMaskPieList(const std::vector<TempDistributionItem> &items)
 {
     pieDataList = slicesOf(items, maskClasses);
+    m_pieLabels.reset();
 }
 
 // A cause is labelled by its count, not by its code.
@@ -81,6 +83,7 @@ void BasicChart::setNumberPieList(const std::vector<TempDistributionItem> &items
 void BasicChart::setSnapMinorPieList(const std::vector<SnapDetailMajorItem> &items, int majorType)
 {
     pieDataList.clear();
+    m_pieLabels.reset();
     const auto major = std::find_if(items.cbegin(), items.cend(),
         [majorType](const SnapDetailMajorItem &item) { return item.majorType == majorType; });
     if (major == items.cend())

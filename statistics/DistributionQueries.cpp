@@ -4,6 +4,8 @@
 #include <QtCore/QDateTime>
 #include <QtWidgets/QComboBox>
 
+#include <stdexcept>
+
 namespace {
 
 enum DistributionOfGroups : int { ByNumber = 1, ByEtiology = 2 };
@@ -17,6 +19,14 @@ QString firstDayOfMonth(const QString &month)
 {
     return QDateTime::fromString(month, QStringLiteral("yyyy-MM"), QCalendar())
         .toString(QStringLiteral("yyyy-MM-dd"));
+}
+
+// Figures that came for no organisation are a fault of the host, which hears of it in these words.
+int firstOf(const std::vector<int> &organisations)
+{
+    if (organisations.empty())
+        throw std::out_of_range("invalid vector<T> subscript");
+    return organisations.front();
 }
 
 } // namespace
@@ -107,7 +117,7 @@ int BasicChart::getTemperatureStatisticsOfDevGroups()
         return NoRecords;
     }
     clearBarChartData();
-    setTempAlarmBarItem(getOrgaIDList().at(0), tempAlarmHandleList);
+    setTempAlarmBarItem(firstOf(getOrgaIDList()), tempAlarmHandleList);
     if (barDataList.isEmpty() || devDataList.isEmpty())
         qDebug() << "setGroupsBarList is empty";
     else

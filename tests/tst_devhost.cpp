@@ -20,6 +20,7 @@
 #include <QtSql/QSqlQuery>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTabWidget>
@@ -173,6 +174,30 @@ public:
     std::unique_ptr<HostWindow> window;
 };
 
+/// Counts how often widgets of one name are painted.
+class PaintCount : public QObject
+{
+public:
+    explicit PaintCount(const QString &name)
+        : m_name(name)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    int count() const { return m_count; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint && watched->objectName() == m_name)
+            ++m_count;
+        return false;
+    }
+
+private:
+    QString m_name;
+    int m_count = 0;
+};
+
 QStringList allLanguages()
 {
     return {QStringLiteral("en"), QStringLiteral("zh_CN"), QStringLiteral("de"), QStringLiteral("x-long")};
@@ -206,8 +231,12 @@ private Q_SLOTS:
     void aKindOutsideTheTabsHasAPageOfItsOwn_data();
     void aKindOutsideTheTabsHasAPageOfItsOwn();
     void aKindThatIsNoneChangesNothing();
+    void theOverlayIsPaintedForEveryPageThatIsShown();
+    void theOverlayIsPaintedForATabThatIsChosen();
     void theLanguageChangesLiveAndIsKept();
     void theDateOrderIsKept();
+    void anotherDateOrderKeepsTheSpan_data();
+    void anotherDateOrderKeepsTheSpan();
     void latencyAndFailuresReachTheService();
     void failingOnceShowsTheTip();
     void nothingIsClippedInTheBar_data();
@@ -531,6 +560,28 @@ void tst_devhost::aKindThatIsNoneChangesNothing()
     QCOMPARE(host.page(), before);
 }
 
+void tst_devhost::theOverlayIsPaintedForEveryPageThatIsShown()
+{
+    Host host;
+    PaintCount overlay(QStringLiteral("loadingOverlay"));
+    host.show();
+    QCOMPARE(overlay.count(), 1);
+    host.window->openKind(7);
+    QCOMPARE(overlay.count(), 2);
+    host.window->openKind(1);
+    QCOMPARE(overlay.count(), 3);
+}
+
+void tst_devhost::theOverlayIsPaintedForATabThatIsChosen()
+{
+    Host host;
+    host.show();
+    PaintCount overlay(QStringLiteral("loadingOverlay"));
+    host.part<QTabWidget>("tabWidget")->setCurrentIndex(1);
+    QEXPECT_FAIL("", "a stacked layout holds back painting while it shows a page", Continue);
+    QCOMPARE(overlay.count(), 1);
+}
+
 void tst_devhost::theLanguageChangesLiveAndIsKept()
 {
     Host host;
@@ -558,6 +609,39 @@ void tst_devhost::theDateOrderIsKept()
     QTest::keyClick(order, Qt::Key_Up);
     QCOMPARE(HostSettings::dateOrder(), HostSettings::DateOrder::YearFirst);
     QVERIFY(!host.settings.value(QStringLiteral("dayFirst")).toBool());
+}
+
+void tst_devhost::anotherDateOrderKeepsTheSpan_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<QString>("yearFirst");
+    QTest::addColumn<QString>("dayFirst");
+    QTest::newRow("of hours") << QStringLiteral("pushButtonHour")
+                              << QStringLiteral("2024-05-03 00~2024-05-03 17")
+                              << QStringLiteral("03/05/2024 00~03/05/2024 17");
+    QTest::newRow("of days") << QStringLiteral("pushButtonDay") << QStringLiteral("2024-04-26~2024-05-03")
+                             << QStringLiteral("26/04/2024~03/05/2024");
+    QTest::newRow("of months") << QStringLiteral("pushButtonMonth") << QStringLiteral("2023-11~2024-05")
+                               << QStringLiteral("11/2023~05/2024");
+}
+
+void tst_devhost::anotherDateOrderKeepsTheSpan()
+{
+    QFETCH(QString, unit);
+    QFETCH(QString, yearFirst);
+    QFETCH(QString, dayFirst);
+    Host host;
+    host.show();
+    QTest::mouseClick(host.page()->findChild<QPushButton *>(unit), Qt::LeftButton);
+    const auto *span = host.page()->findChild<QLineEdit *>(QStringLiteral("lineEditTime"));
+    QCOMPARE(span->text(), yearFirst);
+    auto *order = host.part<QComboBox>("hostDateOrder");
+    LogCapture log;
+    QTest::keyClick(order, Qt::Key_Down);
+    QCOMPARE(span->text(), dayFirst);
+    QVERIFY(log.containsStart(QStringLiteral("type AlarmStatisticsOfOrgas bardatalist  QList(std::pair(\"")));
+    QTest::keyClick(order, Qt::Key_Up);
+    QCOMPARE(span->text(), yearFirst);
 }
 
 void tst_devhost::latencyAndFailuresReachTheService()

@@ -117,6 +117,8 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
+        // Thousands of searches would fill the log.
+        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
         setPresentMoment({});
         store = std::make_unique<EventStore>();
         client = std::make_unique<SqlKrxClient>(store->store);

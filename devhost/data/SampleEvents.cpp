@@ -203,20 +203,23 @@ void Generator::makeReadings(Bucket hour, int person, qint64 busy)
 
 Snapshot Generator::someSnapshot(Dice &dice, int channel, int snapClass) const
 {
-    static constexpr std::array<int, 8> colours = {26, 20, 15, 12, 10, 8, 6, 3};
-    static constexpr std::array<int, 4> kinds = {55, 25, 12, 8};
-    static constexpr std::array<int, 3> ages = {15, 65, 20};
-    static constexpr std::array<int, 2> bags = {60, 40};
+    static constexpr std::array<int, 8> paints = {26, 20, 15, 12, 10, 8, 6, 3};
+    static constexpr std::array<int, 6> kinds = {50, 20, 12, 6, 7, 5};
+    static constexpr std::array<int, 4> ages = {12, 28, 45, 15};
+    static constexpr std::array<int, 7> coats = {22, 26, 18, 10, 12, 7, 5};
+    static constexpr std::array<int, 4> bags = {38, 26, 28, 8};
     const bool reversed = trait(traitTopic, channel, 2) == 1;
     const int direction = 1 + (dice.percent(62) == reversed ? 1 : 0);
-    const int colour = dice.percent(4) ? namelessType : 1 + dice.weighted(colours);
+    const bool hasName = !dice.percent(4);
     Snapshot snapshot;
     snapshot.source = channel;
     snapshot.snapClass = snapClass;
     if (snapClass == vehicleClass)
-        snapshot.minors = {colour, 1 + dice.weighted(kinds), direction, 0};
+        snapshot.minors = {
+            hasName ? 1 + dice.weighted(paints) : namelessType, 1 + dice.weighted(kinds), direction, 0};
     else
-        snapshot.minors = {1 + dice.weighted(ages), colour, 1 + dice.weighted(bags), direction};
+        snapshot.minors = {1 + dice.weighted(ages), hasName ? 1 + dice.weighted(coats) : namelessType,
+            1 + dice.weighted(bags), direction};
     return snapshot;
 }
 
