@@ -29,6 +29,6 @@ install_missing() {
     fi
     echo "Installing: ${missing[*]}" >&2
     local apt_get=(env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Acquire::Retries=3)
-    "${apt_get[@]}" update > /dev/null
+    "${apt_get[@]}" update > /dev/null || echo "The package lists could not be renewed; trying with the old ones." >&2
     "${apt_get[@]}" install --yes --no-install-recommends "${missing[@]}" > /dev/null
 }

@@ -8,10 +8,12 @@
 #include "plugin/preview/StatisticsPreview.h"
 
 #include <TalvixWidgets/AppLanguageTr.h>
+#include <TalvixWidgets/BaseHelper.h>
 #include <TalvixWidgets/BaseWidget.h>
 #include <TalvixWidgets/ZrPushButton.h>
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDateTime>
 #include <QtCore/QFile>
 #include <QtCore/QSettings>
 #include <QtCore/QSignalBlocker>
@@ -25,6 +27,7 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QSpinBox>
@@ -91,6 +94,31 @@ QString nameOfLanguage(const QString &code)
         {QStringLiteral("x-long"), QStringLiteral("Pseudo")},
     };
     return names.value(code, code);
+}
+
+/// How pages write a moment: by hours, by days and by months.
+QStringList spanFormats()
+{
+    QStringList formats;
+    for (const char *format : {"yyyy-MM-dd hh", "yyyy-MM-dd", "yyyy-MM"})
+        formats.append(BaseHelper::getInstance()->dateTimeFormatConversion(QString::fromLatin1(format)));
+    return formats;
+}
+
+/// The two ends of a span, which stand in one of the formats \a before, in the same one of \a now.
+QString rewritten(const QString &span, const QStringList &before, const QStringList &now)
+{
+    QStringList ends = span.split(u'~');
+    for (QString &end : ends) {
+        for (int i = 0; i < before.size(); ++i) {
+            const QDateTime moment = QDateTime::fromString(end, before.at(i));
+            if (moment.isValid()) {
+                end = moment.toString(now.at(i));
+                break;
+            }
+        }
+    }
+    return ends.join(u'~');
 }
 
 } // namespace
@@ -430,9 +458,16 @@ void HostWindow::chooseLanguage()
 void HostWindow::chooseDateOrder()
 {
     const auto order = static_cast<HostSettings::DateOrder>(m_dateOrder->currentData().toInt());
+    const QStringList before = spanFormats();
     HostSettings::setDateOrder(order);
     m_settings.setValue(dateOrderSetting, order == HostSettings::DateOrder::DayFirst);
-    // Pages renew what they show with the language; dates are a part of it.
+    // Pages read their span back from its text, so the text changes together with the order.
+    const QList<QLineEdit *> spans = m_stage->findChildren<QLineEdit *>(QStringLiteral("lineEditTime"));
+    for (QLineEdit *span : spans) {
+        const QSignalBlocker quiet(span);
+        span->setText(rewritten(span->text(), before, spanFormats()));
+    }
+    // Titles bear dates, and pages renew them with the language.
     QEvent changed(QEvent::LanguageChange);
     QCoreApplication::sendEvent(this, &changed);
 }
