@@ -29,7 +29,7 @@ Q_DECLARE_METATYPE(LabelledValues)
 namespace {
 
 /// Waits for longer than the focus delay of 800 ms before it gives up.
-constexpr int patience = 5000;
+constexpr int patience = 15000;
 constexpr int stretchedDelayMs = 3600 * 1000;
 
 } // namespace

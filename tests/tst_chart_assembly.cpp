@@ -1298,7 +1298,7 @@ void ChartAssemblyTest::alarmsOfOrganisationsFromShowToCharts()
     QCOMPARE(series<QPieSeries>(page.pieChartView->chart())->slices().constFirst()->label(),
         QStringLiteral("Fire | 100.0% 13"));
     QVERIFY(page.barChartView->isVisible());
-    QVERIFY(page.barChartView->height() > 100);
+    QTRY_VERIFY(page.barChartView->height() > 100);
     QVERIFY(page.labelPiecount->isVisible());
     QVERIFY(page.tips.isEmpty());
 }

@@ -1,4 +1,4 @@
-# cmake -DMODE=… -DSOURCE_DIR=… -DBUILD_DIR=… -DWORK_DIR=… -DBUILD_TYPE=… -DQT_DIR=… -P package.cmake
+# cmake -DMODE=… -DSOURCE_DIR=… -DBUILD_DIR=… -DWORK_DIR=… -DBUILD_TYPE=… -P package.cmake
 #
 # installed      a consumer against an installed product and SDK
 # subdirectory   a consumer that has the project as a folder
@@ -24,6 +24,12 @@ function(run_consumer binary)
     run("${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen "${binary}/consumer")
 endfunction()
 
+find_program(ccache ccache)
+if(ccache)
+    set(ENV{CMAKE_CXX_COMPILER_LAUNCHER} "${ccache}")
+    set(ENV{CCACHE_SLOPPINESS} "pch_defines,time_macros,include_file_mtime,include_file_ctime")
+endif()
+
 set(prefix "${WORK_DIR}/prefix")
 file(REMOVE_RECURSE "${prefix}")
 run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${prefix}" --component sdk)
@@ -35,7 +41,7 @@ if(MODE STREQUAL "installed")
     run_consumer("${WORK_DIR}/consumer")
 elseif(MODE STREQUAL "subdirectory")
     configure_and_build("${SOURCE_DIR}/tests/package/outer" "${WORK_DIR}/outer" consumer
-        "-DTALVIX_SOURCE_DIR=${SOURCE_DIR}" "-DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}")
+        "-DTALVIX_SOURCE_DIR=${SOURCE_DIR}")
     run_consumer("${WORK_DIR}/outer")
 elseif(MODE STREQUAL "sdk")
     configure_and_build("${SOURCE_DIR}" "${WORK_DIR}/product" all
