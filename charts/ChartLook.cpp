@@ -26,7 +26,8 @@ constexpr double axisWidth = 1.5;
 constexpr double gridWidth = 1.0;
 constexpr int ticks = 6;
 constexpr QChar invisibleMark(0x200B);
-constexpr double gapBetweenLabels = 6;
+// What the axis itself keeps free around a label before it shortens it.
+constexpr double gapBetweenLabels = 12;
 constexpr int uprightAngle = -90;
 // Labels get about this much of the chart's height at the most.
 constexpr double labelShare = 0.37;

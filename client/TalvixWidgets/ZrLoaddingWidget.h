@@ -30,6 +30,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void paintNow();
+
     class Private;
     Private *d;
 };

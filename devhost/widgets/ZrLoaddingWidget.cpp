@@ -6,6 +6,7 @@
 #include <QtGui/QPainter>
 
 #include <algorithm>
+#include <utility>
 
 class ZrLoaddingWidget::Private
 {
@@ -41,8 +42,23 @@ void ZrLoaddingWidget::start(int value)
     setGeometry(parentWidget()->rect());
     show();
     raise();
-    // Painted here and now: the thread is about to block, and events in between would reach the page.
+    paintNow();
+}
+
+// Painted here and now: the thread is about to block, and events in between would reach the page. A stack
+// that is just turning its pages holds painting back, so its hold is lifted for as long as this takes.
+void ZrLoaddingWidget::paintNow()
+{
+    QList<QWidget *> held;
+    for (QWidget *ancestor = parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
+        if (ancestor->testAttribute(Qt::WA_ForceUpdatesDisabled))
+            held.prepend(ancestor);
+    }
+    for (QWidget *ancestor : std::as_const(held))
+        ancestor->setUpdatesEnabled(true);
     repaint();
+    for (QWidget *ancestor : std::as_const(held))
+        ancestor->setUpdatesEnabled(false);
 }
 
 void ZrLoaddingWidget::paintEvent(QPaintEvent *)
