@@ -126,9 +126,6 @@ void BasicChart::loadPieView()
 ZrChartView *BasicChart::addChartView(QChart *chart)
 {
     auto *view = new ZrChartView(chart, nullptr);
-    // Titles wrap, and a layout that asks for height by width would take a chart's wish for its least height:
-    // the panes would not share the page as they should.
-    view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     m_chartViewList.append(view);
     return view;
 }

@@ -27,7 +27,7 @@ constexpr double gridWidth = 1.0;
 constexpr int ticks = 6;
 constexpr QChar invisibleMark(0x200B);
 // What the axis itself keeps free around a label before it shortens it.
-constexpr double gapBetweenLabels = 12;
+constexpr double gapBetweenLabels = 20;
 constexpr int uprightAngle = -90;
 // Labels get about this much of the chart's height at the most.
 constexpr double labelShare = 0.37;
@@ -70,16 +70,20 @@ struct LabelPlace
     int pixels = 0;
 };
 
-// Labels that have no room side by side stand upright, in a font that their height and their neighbours leave
-// them. A name that is longer still is shortened by the axis; its bar's call-out has it whole.
+// Labels that have no room side by side lessen their font; where that is not enough they stand upright, in
+// the font that their height and their neighbours leave them. A name that fits neither way is shortened by
+// the axis, where it keeps more of itself; its bar's call-out has it whole.
 LabelPlace placeLabels(double widest, const QFont &font, double room, double chartHeight)
 {
-    const QFontMetricsF metrics(font);
     const int pixels = QFontInfo(font).pixelSize();
-    if (widest + gapBetweenLabels <= room)
-        return {0, pixels};
-    const double share = std::min({1.0, chartHeight * labelShare / widest, room / metrics.height()});
-    return {uprightAngle, std::max(smallestLabelPixels, static_cast<int>(pixels * share))};
+    const double height = chartHeight * labelShare;
+    const int level = static_cast<int>(pixels * std::min(1.0, (room - gapBetweenLabels) / widest));
+    if (level >= smallestLabelPixels)
+        return {0, level};
+    const int upright =
+        static_cast<int>(pixels * std::min({1.0, height / widest, room / QFontMetricsF(font).height()}));
+    const bool levelKeepsMore = upright < smallestLabelPixels && room > height;
+    return {levelKeepsMore ? 0 : uprightAngle, std::max(smallestLabelPixels, upright)};
 }
 
 } // namespace
@@ -157,10 +161,10 @@ void showLegend(QChart &chart, Qt::Alignment alignment)
 void keepLabelsReadable(QChart &chart, QBarCategoryAxis *axis)
 {
     const int count = axis->count();
-    if (count == 0)
-        return;
     const QFont usual = axis->labelsFont();
     const double widest = widestText(axis->categories(), usual);
+    if (widest <= 0)
+        return;
     QObject::connect(&chart, &QChart::plotAreaChanged, axis, [=, &chart](const QRectF &plot) {
         const LabelPlace place = placeLabels(widest, usual, plot.width() / count, chart.size().height());
         if (place.angle == axis->labelsAngle() && place.pixels == QFontInfo(axis->labelsFont()).pixelSize())
