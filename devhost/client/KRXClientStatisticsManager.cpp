@@ -84,49 +84,56 @@ bool KRXClientStatisticsManager::getOnlineStatisticsOfDevice(
 }
 
 bool KRXClientStatisticsManager::getTemperatureStatisticsOfGroups(
-    TalvixGetTemperatureStatisticsOfGroupsRequestMessage &, TalvixGetTemperatureStatisticsOfGroupsResponseMessage &)
+    TalvixGetTemperatureStatisticsOfGroupsRequestMessage &,
+    TalvixGetTemperatureStatisticsOfGroupsResponseMessage &)
 {
     setLastErrorString(noService());
     return false;
 }
 
 bool KRXClientStatisticsManager::getTemperatureStatisticsOfGroup(
-    TalvixGetTemperatureStatisticsOfGroupRequestMessage &, TalvixGetTemperatureStatisticsOfGroupResponseMessage &)
+    TalvixGetTemperatureStatisticsOfGroupRequestMessage &,
+    TalvixGetTemperatureStatisticsOfGroupResponseMessage &)
 {
     setLastErrorString(noService());
     return false;
 }
 
 bool KRXClientStatisticsManager::getTemperatureStatisticsOfPersons(
-    TalvixGetTemperatureStatisticsOfPersonsRequestMessage &, TalvixGetTemperatureStatisticsOfPersonsResponseMessage &)
+    TalvixGetTemperatureStatisticsOfPersonsRequestMessage &,
+    TalvixGetTemperatureStatisticsOfPersonsResponseMessage &)
 {
     setLastErrorString(noService());
     return false;
 }
 
 bool KRXClientStatisticsManager::getTemperatureStatisticsOfPerson(
-    TalvixGetTemperatureStatisticsOfPersonRequestMessage &, TalvixGetTemperatureStatisticsOfPersonResponseMessage &)
+    TalvixGetTemperatureStatisticsOfPersonRequestMessage &,
+    TalvixGetTemperatureStatisticsOfPersonResponseMessage &)
 {
     setLastErrorString(noService());
     return false;
 }
 
 bool KRXClientStatisticsManager::getTempStatisticsDistributionOfGroups(
-    TalvixGetTempStatisticsDistributionOfGroupsRequestMessage &, TalvixGetTempStatisticsDistributionOfGroupsResponseMessage &)
+    TalvixGetTempStatisticsDistributionOfGroupsRequestMessage &,
+    TalvixGetTempStatisticsDistributionOfGroupsResponseMessage &)
 {
     setLastErrorString(noService());
     return false;
 }
 
 bool KRXClientStatisticsManager::getTemperatureOfDevice(
-    TalvixGetTempStatisticsDistributionOfOrgasRequestMessage &, TalvixGetTempStatisticsDistributionOfOrgasResponseMessage &)
+    TalvixGetTempStatisticsDistributionOfOrgasRequestMessage &,
+    TalvixGetTempStatisticsDistributionOfOrgasResponseMessage &)
 {
     setLastErrorString(noService());
     return false;
 }
 
 bool KRXClientStatisticsManager::getTempAlarmHandleStatistics(
-    TalvixGetTempAlarmHandleStatisticsOfOrgaRequestMessage &, TalvixGetTempAlarmHandleStatisticsOfOrgaResponseMessage &)
+    TalvixGetTempAlarmHandleStatisticsOfOrgaRequestMessage &,
+    TalvixGetTempAlarmHandleStatisticsOfOrgaResponseMessage &)
 {
     setLastErrorString(noService());
     return false;

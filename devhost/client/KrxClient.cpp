@@ -33,7 +33,8 @@ std::list<TalvixGroup> &KrxClient::getOrgaList()
     return none;
 }
 
-void KrxClient::organizeOrgaNodes(QList<NODE> &, std::list<TalvixGroup> &) {}
+void KrxClient::organizeOrgaNodes(QList<NODE> &, std::list<TalvixGroup> &)
+{ }
 
 TalvixChannel *KrxClient::getChannelByUid(const std::string &)
 {

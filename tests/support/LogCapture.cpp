@@ -48,8 +48,8 @@ bool LogCapture::contains(const QString &line) const
 
 bool LogCapture::containsStart(const QString &start) const
 {
-    return std::any_of(m_lines.cbegin(), m_lines.cend(),
-        [&start](const Line &line) { return line.text.startsWith(start); });
+    return std::any_of(
+        m_lines.cbegin(), m_lines.cend(), [&start](const Line &line) { return line.text.startsWith(start); });
 }
 
 int LogCapture::count(const QString &line) const

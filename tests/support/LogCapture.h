@@ -4,7 +4,8 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-/// Collects what is written to Qt's log while it lives. Captures may be nested; the innermost takes the lines.
+/// Collects what is written to Qt's log while it lives. Captures may be nested; the innermost takes the
+/// lines.
 class LogCapture
 {
 public:

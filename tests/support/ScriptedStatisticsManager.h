@@ -10,7 +10,8 @@
 
 /// A statistics service that answers from prepared rows and keeps every request.
 ///
-/// An operation without an answer succeeds with an untouched response. It installs itself for as long as it lives.
+/// An operation without an answer succeeds with an untouched response. It installs itself for as long as it
+/// lives.
 class ScriptedStatisticsManager : public KRXClientStatisticsManager
 {
 public:
@@ -42,23 +43,18 @@ public:
     /// Names of the operations in the order of their calls.
     QStringList calls;
 
-    Operation<TalvixGetAlarmStatisticsOfOrgasRequestMessage,
-        TalvixGetAlarmStatisticsOfOrgasResponseMessage>
+    Operation<TalvixGetAlarmStatisticsOfOrgasRequestMessage, TalvixGetAlarmStatisticsOfOrgasResponseMessage>
         alarmStatisticsOfOrgas;
-    Operation<TalvixGetAlarmStatisticsOfOrgaRequestMessage,
-        TalvixGetAlarmStatisticsOfOrgaResponseMessage>
+    Operation<TalvixGetAlarmStatisticsOfOrgaRequestMessage, TalvixGetAlarmStatisticsOfOrgaResponseMessage>
         alarmStatisticsOfOrga;
     Operation<TalvixGetAlarmStatisticsOfDevicesRequestMessage,
         TalvixGetAlarmStatisticsOfDevicesResponseMessage>
         alarmStatisticsOfDevices;
-    Operation<TalvixGetAlarmStatisticsOfDeviceRequestMessage,
-        TalvixGetAlarmStatisticsOfDeviceResponseMessage>
+    Operation<TalvixGetAlarmStatisticsOfDeviceRequestMessage, TalvixGetAlarmStatisticsOfDeviceResponseMessage>
         alarmStatisticsOfDevice;
-    Operation<TalvixGetOnlineStatisticsOfOrgasRequestMessage,
-        TalvixGetOnlineStatisticsOfOrgasResponseMessage>
+    Operation<TalvixGetOnlineStatisticsOfOrgasRequestMessage, TalvixGetOnlineStatisticsOfOrgasResponseMessage>
         onlineStatisticsOfOrgas;
-    Operation<TalvixGetOnlineStatisticsOfOrgaRequestMessage,
-        TalvixGetOnlineStatisticsOfOrgaResponseMessage>
+    Operation<TalvixGetOnlineStatisticsOfOrgaRequestMessage, TalvixGetOnlineStatisticsOfOrgaResponseMessage>
         onlineStatisticsOfOrga;
     Operation<TalvixGetOnlineStatisticsOfDevicesRequestMessage,
         TalvixGetOnlineStatisticsOfDevicesResponseMessage>
@@ -87,17 +83,13 @@ public:
     Operation<TalvixGetTempAlarmHandleStatisticsOfOrgaRequestMessage,
         TalvixGetTempAlarmHandleStatisticsOfOrgaResponseMessage>
         tempAlarmHandleStatistics;
-    Operation<TalvixGetSnapSamplesRequestMessage,
-        TalvixGetSnapSamplesResponseMessage>
-        snapSamplesResource;
-    Operation<TalvixGetSnapDetailSamplesRequestMessage,
-        TalvixGetSnapDetailSamplesResponseMessage>
+    Operation<TalvixGetSnapSamplesRequestMessage, TalvixGetSnapSamplesResponseMessage> snapSamplesResource;
+    Operation<TalvixGetSnapDetailSamplesRequestMessage, TalvixGetSnapDetailSamplesResponseMessage>
         snapDetailSamples;
     Operation<TalvixGetSnapDetailSamplesOfOrgasRequestMessage,
         TalvixGetSnapDetailSamplesOfOrgasResponseMessage>
         trafficsStatisticsOfOrgas;
-    Operation<TalvixGetSnapDetailSamplesOfOrgaRequestMessage,
-        TalvixGetSnapDetailSamplesOfOrgaResponseMessage>
+    Operation<TalvixGetSnapDetailSamplesOfOrgaRequestMessage, TalvixGetSnapDetailSamplesOfOrgaResponseMessage>
         trafficsStatisticsOfOrga;
 
     bool getAlarmStatisticsOfOrgas(TalvixGetAlarmStatisticsOfOrgasRequestMessage &request,
@@ -124,14 +116,15 @@ public:
         TalvixGetTemperatureStatisticsOfPersonsResponseMessage &response) override;
     bool getTemperatureStatisticsOfPerson(TalvixGetTemperatureStatisticsOfPersonRequestMessage &request,
         TalvixGetTemperatureStatisticsOfPersonResponseMessage &response) override;
-    bool getTempStatisticsDistributionOfGroups(TalvixGetTempStatisticsDistributionOfGroupsRequestMessage &request,
+    bool getTempStatisticsDistributionOfGroups(
+        TalvixGetTempStatisticsDistributionOfGroupsRequestMessage &request,
         TalvixGetTempStatisticsDistributionOfGroupsResponseMessage &response) override;
     bool getTemperatureOfDevice(TalvixGetTempStatisticsDistributionOfOrgasRequestMessage &request,
         TalvixGetTempStatisticsDistributionOfOrgasResponseMessage &response) override;
     bool getTempAlarmHandleStatistics(TalvixGetTempAlarmHandleStatisticsOfOrgaRequestMessage &request,
         TalvixGetTempAlarmHandleStatisticsOfOrgaResponseMessage &response) override;
-    bool getSnapSamplesResource(TalvixGetSnapSamplesRequestMessage &request,
-        TalvixGetSnapSamplesResponseMessage &response) override;
+    bool getSnapSamplesResource(
+        TalvixGetSnapSamplesRequestMessage &request, TalvixGetSnapSamplesResponseMessage &response) override;
     bool getSnapDetailSamples(TalvixGetSnapDetailSamplesRequestMessage &request,
         TalvixGetSnapDetailSamplesResponseMessage &response) override;
     bool getTrafficsStatisticsOfOrgas(TalvixGetSnapDetailSamplesOfOrgasRequestMessage &request,

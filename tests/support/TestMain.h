@@ -4,8 +4,9 @@
 
 #include <memory>
 
-/// Fixes what the outcome must not depend on: platform, style, font, locale, time zone and the present moment.
-/// The order of the test programs' static objects does not matter; the application lives as long as this.
+/// Fixes what the outcome must not depend on: platform, style, font, locale, time zone and the present
+/// moment. The order of the test programs' static objects does not matter; the application lives as long as
+/// this.
 class TestApplication
 {
 public:
@@ -21,10 +22,10 @@ QDateTime testMoment();
 /// Makes \a moment the present; an invalid one brings back `testMoment()`.
 void setPresentMoment(const QDateTime &moment);
 
-#define TALVIX_TEST_MAIN(TestClass)             \
-    int main(int argc, char **argv)             \
-    {                                           \
-        TestApplication application(argc, argv); \
-        TestClass test;                         \
-        return QTest::qExec(&test, argc, argv); \
+#define TALVIX_TEST_MAIN(TestClass)                                                                          \
+    int main(int argc, char **argv)                                                                          \
+    {                                                                                                        \
+        TestApplication application(argc, argv);                                                             \
+        TestClass test;                                                                                      \
+        return QTest::qExec(&test, argc, argv);                                                              \
     }
