@@ -40,6 +40,8 @@ private Q_SLOTS:
     void boundCoversBothLists();
     void emptyListsGiveAnEmptyChart_data();
     void emptyListsGiveAnEmptyChart();
+    void withoutBarsTheSecondListBoundsTheAxis_data();
+    void withoutBarsTheSecondListBoundsTheAxis();
     void logLines_data();
     void logLines();
     void listsAreNotChanged_data();
@@ -491,6 +493,22 @@ void BarChartsTest::emptyListsGiveAnEmptyChart()
     QCOMPARE(categories(chart.get()), QStringList());
     verifyAxes(chart.get(), type <= 4 ? 100.0 : 5.0);
     verifyNoMargins(chart.get());
+}
+
+void BarChartsTest::withoutBarsTheSecondListBoundsTheAxis_data()
+{
+    kinds({1, 2, 3, 4, 5, 6});
+}
+
+void BarChartsTest::withoutBarsTheSecondListBoundsTheAxis()
+{
+    QFETCH(int, type);
+    ChartStage stage(type);
+    stage.page.barDataList2 = {{"North", 12}, {"South", 345}};
+
+    const OwnedChart chart = build(stage.page, type);
+    QCOMPARE(categories(chart.get()), QStringList());
+    verifyAxes(chart.get(), 400.0);
 }
 
 void BarChartsTest::logLines_data()
