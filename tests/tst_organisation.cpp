@@ -122,6 +122,7 @@ private Q_SLOTS:
     void loadOfKindWithoutTreeFails_data();
     void loadOfKindWithoutTreeFails();
     void failedLoadCutsTheConnection();
+    void failedLoadCutsTheConnectionOfAGoodOne();
     void failedLoadIsRepairedByTheNextShow();
     void timeAfterFailedLoadStopsAtTheEmptyCombo();
 
@@ -435,6 +436,22 @@ void TestOrganisation::failedLoadCutsTheConnection()
     scene.client.clearTree();
     ProbePage page(1);
     showPage(page);
+    scene.client.setTree(QStringLiteral("1 Company\n  2 Plant North\n"));
+    scene.fillTree(page);
+    scene.forgetCalls();
+    LogCapture log;
+    QVERIFY(chooseOrganisation(organisationCombo(page), QStringLiteral("Plant North")));
+    QVERIFY(!log.contains(searchLine));
+    QCOMPARE(scene.manager.calls, QStringList());
+}
+
+void TestOrganisation::failedLoadCutsTheConnectionOfAGoodOne()
+{
+    PageScene scene;
+    ProbePage page(1);
+    showPage(page);
+    scene.client.clearTree();
+    QVERIFY(!page.slotOrgaInfoLoad());
     scene.client.setTree(QStringLiteral("1 Company\n  2 Plant North\n"));
     scene.fillTree(page);
     scene.forgetCalls();

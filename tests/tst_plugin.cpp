@@ -10,6 +10,7 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QTranslator>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QVBoxLayout>
@@ -119,6 +120,7 @@ private Q_SLOTS:
     void dataStaticTypeOnlyRefits_data();
     void dataStaticTypeOnlyRefits();
     void languageChangeRetitlesAndRefits();
+    void pagesRenewTheirTextsOnTheirOwn();
     void tabHostAddsNothingToTheMetaObject();
 };
 
@@ -561,6 +563,27 @@ void TestPlugin::dataStaticTypeOnlyRefits()
 
     showPage(widget);
     QVERIFY(log.contains(QStringLiteral("BasicChart::doAfterWidgetShow Type 3")));
+}
+
+void TestPlugin::pagesRenewTheirTextsOnTheirOwn()
+{
+    PageScene scene;
+    DataStaticsWidget widget;
+    showPage(widget);
+    QTabWidget *tabs = tabsOf(&widget);
+    auto *month = tabs->widget(0)->findChild<QPushButton *>(QStringLiteral("pushButtonMonth"));
+    const QString titleByHand = QStringLiteral("title by hand");
+    const QString textByHand = QStringLiteral("text by hand");
+
+    month->setText(textByHand);
+    widget.retranslateUi();
+    QCOMPARE(month->text(), textByHand);
+
+    tabs->setTabText(0, titleByHand);
+    QEvent change(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(tabs->widget(0), &change);
+    QVERIFY(month->text() != textByHand);
+    QCOMPARE(tabs->tabText(0), titleByHand);
 }
 
 void TestPlugin::languageChangeRetitlesAndRefits()

@@ -290,6 +290,7 @@ void TestTimeSpan::secondClickSearchesNothingButMarksAgain()
     click(page, "pushButtonDay");
     scene.forgetCalls();
     page.m_nTimeType = 3;
+    page.m_pCalendarWidget->setType(ZrCalendarWidget::Month);
     page.part<QWidget>("pushButtonDay")->setProperty("highlight", false);
     page.part<QWidget>("pushButtonHour")->setProperty("highlight", true);
     setPresentMoment(at(2024, 5, 3, 23, 0, 0));
@@ -300,6 +301,10 @@ void TestTimeSpan::secondClickSearchesNothingButMarksAgain()
     QCOMPARE(page.m_nTimeType, 2);
     QCOMPARE(highlights(page), QVariantList({false, true, false}));
     QCOMPARE(timeEdit(page)->text(), QStringLiteral("2024-04-26~2024-05-03"));
+    page.showZrCalendarWidget(true);
+    const auto [start, stop] = confirmed(page.m_pCalendarWidget);
+    QCOMPARE(start.date(), QDate(2024, 4, 26));
+    QCOMPARE(stop.date(), QDate(2024, 5, 3));
 }
 
 void TestTimeSpan::secondClickAtALaterHourSearches()
