@@ -621,11 +621,19 @@ void TestQueryCycle::searchOutcomes()
         scene.manager.failWith(QStringLiteral("server is away"));
     if (code == 3)
         scene.manager.alarmStatisticsOfOrgas.answers({});
+    page.m_nCurPage = 3;
+    page.m_nTotalPage = 5;
+    page.m_queryCondition.userId = 42;
+    page.m_queryCondition.orgaId = 17;
     page.tips.clear();
     scene.forgetCalls();
     LogCapture log;
     page.slotSearch();
     QCOMPARE(page.tips, tips);
+    QCOMPARE(page.m_nCurPage, 3);
+    QCOMPARE(page.m_nTotalPage, 5);
+    QCOMPARE(page.m_queryCondition.userId, 42);
+    QCOMPARE(page.m_queryCondition.orgaId, 17);
     QCOMPARE(scene.wholeLevelCalls().size(), code == 1 ? 0 : 1);
     QCOMPARE(log.count(clearPieLine), code == 4 ? 0 : 1);
     // Once for the rows put into order, once for the search.
