@@ -15,8 +15,6 @@ struct BasicChart::ServiceTypeRow
     /// What `comboBoxPie` offers.
     enum class PieModes { None, GroupDistribution, SnapMajorTypes, DeviceDistribution };
 
-    const char *name;
-
     int (BasicChart::*query)();
     void (BasicChart::*drillDown)(const QString &key);
     Figures figures;
