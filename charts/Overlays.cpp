@@ -154,6 +154,9 @@ void BasicChart::slotLineSelected(QPointF point, bool state)
             return;
         }
     }
+    // Rounding what no int holds, or what is no number, is undefined.
+    if (!(qAbs(point.x()) <= qreal(list->size())))
+        return;
     const int index = qRound(point.x());
     if (index < 0 || index >= list->size())
         return;

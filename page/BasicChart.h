@@ -120,7 +120,7 @@ public Q_SLOTS:
     void slotRecvMouseMove(QPoint point);
     void slotTimerReq();
     void slot_switchPieChart(QAbstractButton *p_Button);
-    void slot_switchPieType(int index);
+    void slot_switchPieType(int);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

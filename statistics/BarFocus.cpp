@@ -93,7 +93,8 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
     const QString time = ui->lineEditTime->text();
     if (row.dual()) {
         const QString label = barset->label();
-        showCallout(m_strToolTipFormat.arg(time, label, numberText(barset->at(index))), QCursor::pos());
+        showCallout(
+            m_strToolTipFormat.arg(time).arg(label).arg(numberText(barset->at(index))), QCursor::pos());
         if (label != m_strSelectedBar) {
             const QVariant item = barset->property(UserData::propertyName(index).constData());
             if (const UserData *bar = item.value<UserData *>())
@@ -103,7 +104,7 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
     }
     const auto &[name, value] = barDataList.at(index);
     const QString figure = row.calloutInPercent ? numberText(value) + QLatin1Char('%') : numberText(value);
-    showCallout(m_strToolTipFormat.arg(time, name, figure), QCursor::pos());
+    showCallout(m_strToolTipFormat.arg(time).arg(name).arg(figure), QCursor::pos());
     if (name != m_strSelectedBar)
         focusBar(name);
 }

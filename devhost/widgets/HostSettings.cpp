@@ -3,6 +3,7 @@
 #include "LanguageTexts.h"
 
 #include <QtCore/QFile>
+#include <QtGui/QFont>
 #include <QtGui/QPalette>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyleFactory>

@@ -94,6 +94,7 @@ public:
         , box(new ChosenNodeModel(combo, [this] { empty(); }))
         , tree(new ZrTreeView(combo))
     { }
+    Q_DISABLE_COPY_MOVE(Private)
 
     void build();
     void empty();
