@@ -179,6 +179,8 @@ private Q_SLOTS:
     void aHiddenButtonForgetsHoverAndPress();
     void aPropertyIsSetAsTheObjectItselfWould();
     void anIconButtonIsNamedByItsToolTip();
+    void aTextTooLongForAButtonLeavesItsEdgesFree_data();
+    void aTextTooLongForAButtonLeavesItsEdgesFree();
     void aButtonStyleIsNamedForTheTheme();
 
     // chart view
@@ -597,6 +599,47 @@ void TestControls::anIconButtonIsNamedByItsToolTip()
     labelled.setText(QStringLiteral("Export"));
     labelled.setToolTip(QStringLiteral("Writes a file"));
     QCOMPARE(labelled.accessibleName(), QString());
+}
+
+void TestControls::aTextTooLongForAButtonLeavesItsEdgesFree_data()
+{
+    QTest::addColumn<bool>("icon");
+
+    QTest::newRow("text alone") << false;
+    QTest::newRow("icon and text") << true;
+}
+
+void TestControls::aTextTooLongForAButtonLeavesItsEdgesFree()
+{
+    QFETCH(bool, icon);
+    const auto edges = [](QWidget &button) {
+        const QImage image = button.grab().toImage();
+        return std::pair(
+            image.copy(0, 0, 4, image.height()), image.copy(image.width() - 4, 0, 4, image.height()));
+    };
+    ZrPushButton button(nullptr);
+    button.setFixedSize(65, 30);
+    const auto empty = edges(button);
+    QPixmap square(16, 16);
+    square.fill(Qt::red);
+    if (icon)
+        button.setIcon(square);
+    button.setText(QString(30, 'W'));
+    QCOMPARE(edges(button), empty);
+    QCOMPARE(button.text(), QString(30, 'W'));
+
+    const QPoint middle = button.rect().center();
+    button.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&button));
+    QHelpEvent help(QEvent::ToolTip, middle, button.mapToGlobal(middle));
+    QCoreApplication::sendEvent(&button, &help);
+    QCOMPARE(QToolTip::text(), QString(30, 'W'));
+    QToolTip::hideText();
+    QTRY_VERIFY(!QToolTip::isVisible());
+
+    button.setText(QStringLiteral("W"));
+    QCoreApplication::sendEvent(&button, &help);
+    QVERIFY(!QToolTip::isVisible());
 }
 
 void TestControls::aButtonStyleIsNamedForTheTheme()

@@ -24,4 +24,6 @@ protected:
     bool event(QEvent *event) override;
     /// Forgets hover and press, so that the button does not come back highlighted.
     void hideEvent(QHideEvent *event) override;
+    /// Ends a text that is too long for the button in dots; the tool tip then has it whole.
+    void paintEvent(QPaintEvent *event) override;
 };

@@ -22,6 +22,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
+#include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
@@ -341,7 +342,7 @@ void HostWindow::resizeEvent(QResizeEvent *event)
 
 void HostWindow::restore()
 {
-    resize(usualSize);
+    resize(usualSize.boundedTo(screen()->availableSize()));
     restoreGeometry(m_settings.value(geometrySetting).toByteArray());
     m_language->setCurrentIndex(m_language->findData(HostSettings::language()));
     m_dateOrder->setCurrentIndex(m_dateOrder->findData(int(HostSettings::dateOrder())));

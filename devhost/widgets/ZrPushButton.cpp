@@ -1,6 +1,18 @@
 #include <TalvixWidgets/ZrPushButton.h>
 
-#include <QtCore/QEvent>
+#include <QtGui/QHelpEvent>
+#include <QtWidgets/QStyleOptionButton>
+#include <QtWidgets/QStylePainter>
+#include <QtWidgets/QToolTip>
+
+static QString fittingText(const QStyleOptionButton &button)
+{
+    constexpr int leastMargin = 4;
+    int width = button.rect.width() - 2 * leastMargin;
+    if (!button.icon.isNull())
+        width -= button.iconSize.width() + leastMargin;
+    return button.fontMetrics.elidedText(button.text, Qt::ElideRight, width, Qt::TextShowMnemonic);
+}
 
 ZrPushButton::ZrPushButton(QWidget *parent)
     : QPushButton(parent)
@@ -18,6 +30,14 @@ bool ZrPushButton::event(QEvent *event)
     // A button that shows but an icon is known to a screen reader by its tool tip.
     if (event->type() == QEvent::ToolTipChange && text().isEmpty())
         setAccessibleName(toolTip());
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        if (fittingText(option) != option.text) {
+            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), option.text, this);
+            return true;
+        }
+    }
     return QPushButton::event(event);
 }
 
@@ -27,4 +47,13 @@ void ZrPushButton::hideEvent(QHideEvent *event)
     setDown(false);
     setAttribute(Qt::WA_UnderMouse, false);
     QPushButton::hideEvent(event);
+}
+
+void ZrPushButton::paintEvent(QPaintEvent *)
+{
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text = fittingText(option);
+    painter.drawControl(QStyle::CE_PushButton, option);
 }
