@@ -7,7 +7,7 @@ readonly build_packages=(
 )
 readonly run_packages=(
     libqt6sql6-sqlite libqt6sql6-psql qt6-translations-l10n
-    fonts-dejavu-core fonts-noto-core fonts-noto-cjk
+    fonts-inter fonts-dejavu-core fonts-noto-core fonts-noto-cjk
 )
 readonly test_packages=(
     poppler-utils binutils
