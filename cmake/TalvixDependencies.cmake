@@ -6,7 +6,7 @@ if(TALVIX_BUILD_DEVHOST OR TALVIX_BUILD_TESTS)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Sql)
 endif()
 if(TALVIX_BUILD_TESTS)
-    find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Network Test)
 endif()
 
 # Linked for the host's sake; nothing calls it. Its package expects Qt's Gui to be there.

@@ -10,8 +10,16 @@ readonly run_packages=(
     fonts-inter fonts-dejavu-core fonts-noto-core fonts-noto-cjk
 )
 readonly test_packages=(
-    poppler-utils binutils
+    poppler-utils binutils postgresql-15
 )
+
+# The tests run database servers of their own, so installing one need not leave another running on the machine.
+keep_database_server_idle() {
+    local settings=/etc/postgresql-common/createcluster.conf
+    [[ -e $settings ]] && return 0
+    mkdir -p "${settings%/*}"
+    echo "create_main_cluster = false" > "$settings"
+}
 
 # Installs those of the named packages that are missing. Where it may not, it says what is missing and goes on:
 # the build tells best whether that matters.
@@ -28,7 +36,8 @@ install_missing() {
         return 0
     fi
     echo "Installing: ${missing[*]}" >&2
-    local apt_get=(env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Acquire::Retries=3)
+    [[ " ${missing[*]} " != *" postgresql-"* ]] || keep_database_server_idle
+    local apt_get=(env DEBIAN_FRONTEND=noninteractive UCF_FORCE_CONFFOLD=1 apt-get -qq -o Acquire::Retries=3)
     "${apt_get[@]}" update > /dev/null || echo "The package lists could not be renewed; trying with the old ones." >&2
     "${apt_get[@]}" install --yes --no-install-recommends "${missing[@]}" > /dev/null
 }

@@ -58,6 +58,7 @@ private:
     }
 
 private Q_SLOTS:
+    void initTestCase() { SKIP_WITHOUT_DATABASE(); }
     void init()
     {
         store = std::make_unique<EventStore>();

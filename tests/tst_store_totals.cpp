@@ -117,6 +117,7 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
+        SKIP_WITHOUT_DATABASE();
         // Thousands of searches would fill the log.
         QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
         setPresentMoment({});

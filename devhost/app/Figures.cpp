@@ -7,7 +7,6 @@
 
 #include <QtCore/QDebug>
 #include <QtCore/QDir>
-#include <QtCore/QFileInfo>
 #include <QtCore/QStandardPaths>
 
 #include <cstdio>
@@ -43,11 +42,8 @@ Figures::~Figures()
 
 bool Figures::open(QString *error)
 {
-    // Before a database comes into being for a file that is not there.
-    if (!m_options.importFile.isEmpty() && !QFileInfo(m_options.importFile).isFile()) {
-        *error = QStringLiteral("There is no file \"%1\" to import.").arg(m_options.importFile);
+    if (!isImportFileUsable(error))
         return false;
-    }
     const QString url = place(error);
     if (url.isEmpty() || !m_store.open(url, error) || !fillAsAsked(error))
         return false;
@@ -58,6 +54,19 @@ bool Figures::open(QString *error)
     installKrxClient(m_client.get());
     installStatisticsManager(m_service.get());
     return true;
+}
+
+// A look ahead, before a database comes into being for a file that is none of events.
+bool Figures::isImportFileUsable(QString *error) const
+{
+    try {
+        if (!m_options.importFile.isEmpty())
+            devdata::checkCsvFile(m_options.importFile);
+        return true;
+    } catch (const devdata::StoreError &wrong) {
+        *error = wrong.text();
+        return false;
+    }
 }
 
 QString Figures::place(QString *error) const

@@ -30,6 +30,7 @@ public:
 private:
     Q_DISABLE_COPY_MOVE(Figures)
 
+    bool isImportFileUsable(QString *error) const;
     QString place(QString *error) const;
     bool fillAsAsked(QString *error);
     bool importFile(QString *error);

@@ -2,6 +2,10 @@
 # the host's parts without the product's libraries: two copies would not do in one process.
 target_sources(tst_devhost PRIVATE "${PROJECT_SOURCE_DIR}/plugin/preview/StatisticsPreview.cpp")
 target_link_libraries(tst_devhost PRIVATE TalvixDevApp)
-target_compile_definitions(tst_devhost PRIVATE
-    TALVIXPREVIEW_LIBRARY TALVIX_DEVHOST="$<TARGET_FILE:talvix-devhost>")
-add_dependencies(tst_devhost talvix-devhost)
+target_compile_definitions(tst_devhost PRIVATE TALVIXPREVIEW_LIBRARY)
+
+# Tests that run the program.
+foreach(test tst_devhost)
+    target_compile_definitions(${test} PRIVATE TALVIX_DEVHOST="$<TARGET_FILE:talvix-devhost>")
+    add_dependencies(${test} talvix-devhost)
+endforeach()

@@ -207,6 +207,14 @@ void importLine(LineImporter &importer, const LineReader &lines)
 
 } // namespace
 
+void checkCsvFile(const QString &fileName)
+{
+    QFile file(fileName);
+    openForReading(file);
+    LineReader lines(file);
+    readHeader(lines, fileName);
+}
+
 ImportReport importCsv(Connection &connection, const QString &fileName, const ImportOptions &options,
     Minute now, const Progress &progress)
 {

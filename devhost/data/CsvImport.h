@@ -20,6 +20,10 @@ struct ImportReport
     int added = 0;                ///< cameras and persons that were not known before
 };
 
+/// Throws StoreError when the file can be none of events, whatever the database: it cannot be read, is empty
+/// or begins with another line.
+void checkCsvFile(const QString &fileName);
+
 /// Reads a file of events, "kind,time,source,class,count", into the database within the caller's transaction.
 /// Throws StoreError, naming file, line and reason, when the file cannot be taken. \a progress tells percent
 /// of the file.

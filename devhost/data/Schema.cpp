@@ -69,9 +69,9 @@ QStringList readTableNames(Connection &connection)
 {
     try {
         return connection.tableNames();
-    } catch (const StoreError &error) {
+    } catch (const DatabaseError &error) {
         throw StoreError(QStringLiteral("%1 cannot be read as a database: %2.")
-                             .arg(connection.displayName(), error.text()));
+                             .arg(connection.displayName(), error.reason()));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PostgresServer.h"
 #include "TestMain.h"
 
 #include <devhost/data/EventWriter.h>
@@ -9,17 +10,68 @@
 
 #include <initializer_list>
 
-/// A store in memory with the sample world and only those events that a test puts into it. Its present moment
-/// is that of the tests.
+/// A database for one test: in memory, or a new one of the tests' own PostgreSQL server.
+class TestDatabase
+{
+public:
+    enum class Place { Memory, Postgres };
+
+    /// What tests use unless they ask for one: the environment's TALVIX_TEST_DATABASE may say "postgres".
+    static Place usualPlace()
+    {
+        return qgetenv("TALVIX_TEST_DATABASE") == "postgres" ? Place::Postgres : Place::Memory;
+    }
+    /// Why there is no such database here, as a sentence; empty when there is.
+    static QString missing(Place place = usualPlace())
+    {
+        if (place == Place::Memory)
+            return {};
+        if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QPSQL")))
+            return QStringLiteral("There is no driver for PostgreSQL here; Debian's package is "
+                                  "libqt6sql6-psql.");
+        return PostgresServer::missing();
+    }
+
+    explicit TestDatabase(Place place = usualPlace())
+        : m_url(
+            place == Place::Postgres ? PostgresServer::shared().makeDatabase() : QStringLiteral(":memory:"))
+        , m_place(place)
+    { }
+    ~TestDatabase()
+    {
+        if (m_place == Place::Postgres)
+            PostgresServer::shared().dropDatabase(m_url);
+    }
+
+    const QString &url() const { return m_url; }
+
+private:
+    Q_DISABLE_COPY_MOVE(TestDatabase)
+
+    QString m_url;
+    Place m_place;
+};
+
+/// Skips a test, or from initTestCase a whole program, that has no database to run on.
+#define SKIP_WITHOUT_DATABASE(...)                                                                           \
+    do {                                                                                                     \
+        const QString missingDatabase = TestDatabase::missing(__VA_ARGS__);                                  \
+        if (!missingDatabase.isEmpty())                                                                      \
+            QSKIP(qPrintable(missingDatabase));                                                              \
+    } while (false)
+
+/// A store with the sample world and only those events that a test puts into it. Its present moment is that
+/// of the tests.
 class EventStore
 {
 public:
-    EventStore()
-        : service(store)
+    explicit EventStore(TestDatabase::Place place = TestDatabase::usualPlace())
+        : database(place)
+        , service(store)
     {
         store.setPresentMoment([] { return testMoment(); });
         QString error;
-        if (!store.open(QStringLiteral(":memory:"), &error))
+        if (!store.open(database.url(), &error))
             qFatal("%s", qUtf8Printable(error));
     }
 
@@ -57,6 +109,7 @@ public:
         add({devdata::Snapshot{at, source(uid), snapClass, minors, count}});
     }
 
+    TestDatabase database;
     SqlStore store;
     SqlStatisticsManager service;
 };
