@@ -1,0 +1,290 @@
+#include "support/EventStore.h"
+#include "support/Sandbox.h"
+
+#ifdef Q_OS_UNIX
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#endif
+
+using namespace devdata;
+
+namespace {
+
+constexpr const char *header = "kind,time,source,class,count\n";
+constexpr const char *firstEvents = "alarm,2024-05-03T09:10,gate-1,1,3\n"
+                                    "snapshot,2024-05-03T10:00,gate-2,2,11\n";
+
+QByteArray manyAlarms(int lines)
+{
+    QByteArray content = header;
+    for (int i = 0; i < lines; ++i)
+        content += "alarm,2024-05-03T08:15,street-" + QByteArray::number(i % 500) + ",3,1\n";
+    return content;
+}
+
+QByteArray inUtf16(const char *text)
+{
+    const QString units = QString::fromUtf8(text);
+    return QByteArray(reinterpret_cast<const char *>(units.utf16()), units.size() * 2);
+}
+
+/// How many rows each table has, and the sum of all figures.
+QStringList contentOf(SqlStore &store)
+{
+    QStringList tables = store.connection().tableNames();
+    tables.sort();
+    QStringList content;
+    for (const QString &table : std::as_const(tables)) {
+        Query rows(store.connection(), QStringLiteral("SELECT COUNT(*) AS n FROM %1").arg(table));
+        rows.run().next();
+        content += QStringLiteral("%1 %2").arg(table).arg(rows.number("n"));
+    }
+    Query figures(store.connection(), QStringLiteral("SELECT SUM(count) AS n FROM figure"));
+    figures.run().next();
+    content += QStringLiteral("figures %1").arg(figures.number("n"));
+    return content;
+}
+
+QStringList contentOf(const QString &path)
+{
+    SqlStore store;
+    QString error;
+    if (!store.open(path, &error))
+        return {error};
+    return contentOf(store);
+}
+
+QString soundness(const QString &path)
+{
+    Connection connection(path);
+    Query check(connection, QStringLiteral("PRAGMA integrity_check"));
+    check.run().next();
+    return check.text("integrity_check");
+}
+
+/// A folder with a database "a.db" that holds a few events.
+class SandboxWithDatabase : public Sandbox
+{
+public:
+    SandboxWithDatabase()
+    {
+        const QString events = write(QStringLiteral("first.csv"), QByteArray(header) + firstEvents);
+        SqlStore store;
+        QString error;
+        if (!store.open(database(), &error) || !store.importFile(events, {}, nullptr, &error))
+            qFatal("%s", qUtf8Printable(error));
+    }
+
+    QString database() const { return path(QStringLiteral("a.db")); }
+    QByteArray bytes() const { return read(QStringLiteral("a.db")); }
+    Run import(const QString &file, const char *database = "a.db") const
+    {
+        return run(words("--no-window --database") + QStringList{QString::fromLatin1(database)}
+            + words("--import") + QStringList{file});
+    }
+};
+
+} // namespace
+
+class TestImportFailures : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aFileThatCannotBeTakenIsOneSentence_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("sentence");
+        QTest::addColumn<bool>("isSeenAtOnce"); // before the database is made
+
+        const QString noHeader = QStringLiteral("The file e.csv does not begin with the line "
+                                                "\"kind,time,source,class,count\".");
+        const QString noUtf8 = QStringLiteral("The file e.csv is not a text in UTF-8.");
+        const QByteArray latin1 = QByteArray(header) + firstEvents
+            + "alarm,2024-05-03T09:10,Stra\xdf"
+              "e,1,3\n";
+        QTest::newRow("an empty file") << QByteArray() << QStringLiteral("The file e.csv is empty.") << true;
+        QTest::newRow("a header alone")
+            << QByteArray(header) << QStringLiteral("The file e.csv holds no events.") << false;
+        QTest::newRow("events without a header") << QByteArray(firstEvents) << noHeader << true;
+        QTest::newRow("semicolons in place of commas")
+            << QByteArray("kind;time;source;class;count\n") << noHeader << true;
+        QTest::newRow("one endless line") << QByteArray(1'000'000, 'x') << noHeader << true;
+        QTest::newRow("UTF-16 with a mark") << "\xff\xfe" + inUtf16(header) << noUtf8 << true;
+        QTest::newRow("UTF-16 without a mark") << inUtf16(header) << noUtf8 << true;
+        QTest::newRow("Latin-1") << latin1 << QStringLiteral("The file e.csv, line 4: the text is not UTF-8.")
+                                 << false;
+        QTest::newRow("a picture") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16) << noHeader << true;
+        QTest::newRow("a program") << QByteArray("\x7f"
+                                                 "ELF\2\1\1\0\0\0\0\0",
+            12) << noUtf8 << true;
+        QTest::newRow("a wrong line in the middle")
+            << header + QByteArray(firstEvents) + "nonsense\n" + firstEvents
+            << QStringLiteral("The file e.csv, line 4: there are 1 fields in place of 5.") << false;
+        QTest::newRow("a line that was cut off")
+            << header + QByteArray(firstEvents) + "alarm,2024-05-03T09"
+            << QStringLiteral("The file e.csv, line 4: there are 2 fields in place of 5.") << false;
+    }
+    void aFileThatCannotBeTakenIsOneSentence()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, sentence);
+        QFETCH(bool, isSeenAtOnce);
+        const SandboxWithDatabase sandbox;
+        const QByteArray before = sandbox.bytes();
+        sandbox.write(QStringLiteral("e.csv"), content);
+        const Run run = sandbox.import(QStringLiteral("e.csv"));
+        QCOMPARE(run.complaint, QStringLiteral("talvix-devhost: %1\n").arg(sentence));
+        QCOMPARE(run.code, 1);
+        QCOMPARE(run.out, QString());
+        QVERIFY(sandbox.bytes() == before);
+
+        QCOMPARE(sandbox.import(QStringLiteral("e.csv"), "new.db").code, 1);
+        QCOMPARE(!QFile::exists(sandbox.path(QStringLiteral("new.db"))), isSeenAtOnce);
+    }
+
+    void whatIsNoFileIsOneSentence()
+    {
+        const SandboxWithDatabase sandbox;
+        const QByteArray before = sandbox.bytes();
+        QVERIFY(QDir(sandbox.path({})).mkdir(QStringLiteral("folder")));
+        const Run folder = sandbox.import(QStringLiteral("folder"));
+        QCOMPARE(folder.complaint, QStringLiteral("talvix-devhost: folder is not a file.\n"));
+        QCOMPARE(folder.code, 1);
+        const Run nothing = sandbox.import(QStringLiteral("nothing.csv"));
+        QCOMPARE(nothing.complaint, QStringLiteral("talvix-devhost: There is no file nothing.csv.\n"));
+        QCOMPARE(nothing.code, 1);
+        QVERIFY(sandbox.bytes() == before);
+    }
+
+    void theSameFileTwiceIsToldAndRefused()
+    {
+        const SandboxWithDatabase sandbox;
+        const QByteArray before = sandbox.bytes();
+        const Run again = sandbox.import(QStringLiteral("first.csv"));
+        QVERIFY2(again.complaint.startsWith(
+                     QStringLiteral("talvix-devhost: The file first.csv was already imported on ")),
+            qPrintable(again.complaint));
+        QCOMPARE(again.complaints().size(), 1);
+        QCOMPARE(again.code, 1);
+        QVERIFY(sandbox.bytes() == before);
+    }
+
+#ifdef Q_OS_UNIX
+    void aFileThatMayNotBeReadIsOneSentence()
+    {
+        const SandboxWithDatabase sandbox;
+        const QString file = sandbox.write(QStringLiteral("e.csv"), QByteArray(header) + firstEvents);
+        QVERIFY(QFile::setPermissions(file, {}));
+        const Run run =
+            sandbox.run(words("--no-window --database new.db --import e.csv"), sandbox.asOrdinaryUser());
+        QCOMPARE(run.complaint,
+            QStringLiteral("talvix-devhost: The file e.csv cannot be read: Permission denied.\n"));
+        QCOMPARE(run.code, 1);
+        QVERIFY(!QFile::exists(sandbox.path(QStringLiteral("new.db"))));
+    }
+#endif
+
+    void aDatabaseThatIsInUseIsOneSentence_data()
+    {
+        QTest::addColumn<QString>("lock");
+        QTest::newRow("somebody writes") << QStringLiteral("BEGIN IMMEDIATE");
+        QTest::newRow("somebody has it alone") << QStringLiteral("BEGIN EXCLUSIVE");
+    }
+    void aDatabaseThatIsInUseIsOneSentence()
+    {
+        QFETCH(QString, lock);
+        const SandboxWithDatabase sandbox;
+        const QByteArray before = sandbox.bytes();
+        sandbox.write(QStringLiteral("e.csv"), QByteArray(header) + "alarm,2024-05-03T11,gate-9,1,3\n");
+        {
+            Connection other(sandbox.database());
+            other.execute(lock);
+            const Run run = sandbox.import(QStringLiteral("e.csv"));
+            QCOMPARE(run.complaint,
+                QStringLiteral("talvix-devhost: The database a.db is in use by another program.\n"));
+            QCOMPARE(run.code, 1);
+            other.execute(QStringLiteral("ROLLBACK"));
+        }
+        QVERIFY(sandbox.bytes() == before);
+        QCOMPARE(sandbox.import(QStringLiteral("e.csv")).code, 0);
+    }
+
+    void aFullDiskIsOneSentenceAndTheDatabaseAsBefore()
+    {
+        const SandboxWithDatabase sandbox;
+        const QString file = sandbox.write(QStringLiteral("e.csv"), manyAlarms(20'000));
+        const QStringList before = contentOf(sandbox.database());
+        SqlStore store;
+        QVERIFY(store.open(sandbox.database()));
+        Query pages(store.connection(), QStringLiteral("PRAGMA page_count"));
+        QVERIFY(pages.run().next());
+        store.connection().execute(
+            QStringLiteral("PRAGMA max_page_count = %1").arg(pages.integer("page_count") + 20));
+        QString error;
+        QVERIFY(!store.importFile(file, {}, nullptr, &error));
+        QCOMPARE(error,
+            QStringLiteral("The database %1 reports: database or disk is full.").arg(sandbox.database()));
+        QCOMPARE(contentOf(store), before);
+
+        store.connection().execute(QStringLiteral("PRAGMA max_page_count = 1000000"));
+        QVERIFY2(store.importFile(file, {}, nullptr, &error), qUtf8Printable(error));
+        QCOMPARE(soundness(sandbox.database()), QStringLiteral("ok"));
+    }
+
+#ifdef Q_OS_UNIX
+    // The cache is kept so small that half of the import has reached the file when it ends.
+    void anImportThatIsKilledLeavesNothing()
+    {
+        const SandboxWithDatabase sandbox;
+        const QString file = sandbox.write(QStringLiteral("e.csv"), manyAlarms(20'000));
+        const QStringList before = contentOf(sandbox.database());
+        const QByteArray bytesBefore = sandbox.bytes();
+        const pid_t child = fork();
+        if (child == 0) {
+            SqlStore store;
+            if (store.open(sandbox.database())) {
+                store.connection().execute(QStringLiteral("PRAGMA cache_size = 10"));
+                store.importFile(file, {}, nullptr, nullptr, [](int percent, int) {
+                    if (percent >= 50)
+                        kill(getpid(), SIGKILL);
+                });
+            }
+            _exit(0);
+        }
+        int status = 0;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QVERIFY(WIFSIGNALED(status));
+        QCOMPARE(WTERMSIG(status), SIGKILL);
+        QVERIFY(sandbox.bytes() != bytesBefore);
+
+        QCOMPARE(contentOf(sandbox.database()), before);
+        QCOMPARE(soundness(sandbox.database()), QStringLiteral("ok"));
+        QCOMPARE(sandbox.import(QStringLiteral("e.csv")).code, 0);
+    }
+#endif
+
+    void aProgramThatIsKilledWhileImportingLeavesNothing()
+    {
+        const SandboxWithDatabase sandbox;
+        sandbox.write(QStringLiteral("e.csv"), manyAlarms(200'000));
+        const QStringList before = contentOf(sandbox.database());
+        QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        sandbox.start(process, words("--no-window --database a.db --import e.csv"));
+        QByteArray told;
+        while (!told.contains("Importing e.csv") && process.waitForReadyRead(60'000))
+            told += process.readAll();
+        QVERIFY2(told.contains("Importing e.csv"), told.constData());
+        process.kill();
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+        QCOMPARE(contentOf(sandbox.database()), before);
+        QCOMPARE(soundness(sandbox.database()), QStringLiteral("ok"));
+    }
+};
+
+TALVIX_TEST_MAIN(TestImportFailures)
+#include "tst_import_failures.moc"
