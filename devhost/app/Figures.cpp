@@ -89,14 +89,15 @@ bool Figures::fillAsAsked(QString *error)
         return importFile(error);
     if (m_options.events > 0) {
         ProgressLine line(QStringLiteral("Making %1 events").arg(m_options.events));
-        return m_store.fillForMeasuring(m_options.events, daysOfManyEvents, error, progressOn(line));
+        return line.end(
+            m_store.fillForMeasuring(m_options.events, daysOfManyEvents, error, progressOn(line)));
     }
     if (m_store.isEmpty() || (m_options.generate && !m_store.hasSamples())) {
         ProgressLine line(QStringLiteral("Making sample events"));
-        return m_store.fill(error, progressOn(line));
+        return line.end(m_store.fill(error, progressOn(line)));
     }
     ProgressLine line(QStringLiteral("Continuing the sample events"));
-    return m_store.topUp(error, progressOn(line));
+    return line.end(m_store.topUp(error, progressOn(line)));
 }
 
 bool Figures::importFile(QString *error)
@@ -106,7 +107,7 @@ bool Figures::importFile(QString *error)
     devdata::ImportReport report;
     {
         ProgressLine line(QStringLiteral("Importing ") + m_options.importFile);
-        if (!m_store.importFile(m_options.importFile, options, &report, error, progressOn(line)))
+        if (!line.end(m_store.importFile(m_options.importFile, options, &report, error, progressOn(line))))
             return false;
     }
     tell(QStringLiteral("%1 lines imported, %2 left out, %3 sources added.")

@@ -33,7 +33,7 @@ ProgressLine::~ProgressLine()
 {
     if (m_begun && m_onTerminal)
         write(QStringLiteral("%1: %2 %").arg(m_task).arg(m_percent), "\n");
-    else if (m_begun && m_percent == 100)
+    else if (m_begun && m_succeeded)
         write(m_task + QStringLiteral(": done."), "\n");
 }
 
@@ -50,6 +50,12 @@ void ProgressLine::tell(int done, int total)
         write(QStringLiteral("%1: %2 %").arg(m_task).arg(percent), "\r");
     else if (first)
         write(m_task + QStringLiteral(" …"), "\n");
+}
+
+bool ProgressLine::end(bool succeeded)
+{
+    m_succeeded = succeeded;
+    return succeeded;
 }
 
 void ProgressLine::write(const QString &text, const char *end) const

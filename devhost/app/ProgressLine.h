@@ -11,6 +11,8 @@ public:
     ~ProgressLine();
 
     void tell(int done, int total);
+    /// Tells how the task ended, and returns it.
+    bool end(bool succeeded);
 
 private:
     Q_DISABLE_COPY_MOVE(ProgressLine)
@@ -20,5 +22,6 @@ private:
     QString m_task;
     bool m_onTerminal;
     bool m_begun = false;
+    bool m_succeeded = false;
     int m_percent = -1;
 };

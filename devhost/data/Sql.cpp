@@ -31,11 +31,6 @@ QString reasonOf(const QSqlError &error)
     return reason;
 }
 
-bool isBusy(const QSqlError &error)
-{
-    return error.nativeErrorCode() == QLatin1String("5");
-}
-
 QString postgresDriver()
 {
     return QStringLiteral("QPSQL");
@@ -168,7 +163,8 @@ void Connection::fail(const QSqlError &error)
         throw StoreError(
             QStringLiteral("The connection to the database %1 was lost: %2.").arg(m_displayName, reason));
     }
-    if (isSqlite() && isBusy(error))
+    // The driver passes on the code of this error for some statements only.
+    if (isSqlite() && reason == QLatin1String("database is locked"))
         throw StoreError(QStringLiteral("The database %1 is in use by another program.").arg(m_displayName));
     throw DatabaseError(QStringLiteral("The database %1 reports: %2.").arg(m_displayName, reason), reason);
 }
