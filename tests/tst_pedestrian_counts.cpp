@@ -180,6 +180,7 @@ private Q_SLOTS:
     }
     void initTestCase()
     {
+        SKIP_WITHOUT_DATABASE();
         // Each search would write its lines.
         QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
     }
