@@ -1,27 +1,48 @@
 #!/usr/bin/env bash
-# Builds everything and runs all tests. --asan: with the address and undefined behaviour sanitizers.
+# Builds everything and runs all tests.
 set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
+usage="usage: ${BASH_SOURCE[0]} [--asan | --coverage]
+  --asan      with the address and undefined behaviour sanitizers
+  --coverage  and tell what the tests reach; less than what is promised is a failure"
 preset=dev
+packages=()
+source "$root/cmake/packages.sh"
 for option in "$@"; do
     case $option in
         --asan) preset=asan ;;
+        --coverage)
+            preset=coverage
+            packages=("${coverage_packages[@]}")
+            ;;
         -h | --help)
-            echo "usage: ${BASH_SOURCE[0]} [--asan]"
+            echo "$usage"
             exit 0
             ;;
         *)
-            echo "\"$option\" is no option; the only one is --asan." >&2
+            echo "\"$option\" is no option." >&2
+            echo "$usage" >&2
             exit 2
             ;;
     esac
 done
 
-source "$root/cmake/packages.sh"
-install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}"
+install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" ${packages[@]+"${packages[@]}"}
 
 cd -- "$root"
 cmake --preset "$preset"
 cmake --build "build/$preset"
+[[ $preset != coverage ]] || find build/coverage -name '*.gcda' -delete
 QT_QPA_PLATFORM=offscreen ctest --test-dir "build/$preset" --output-on-failure --no-tests=error --parallel 2
+[[ $preset == coverage ]] || exit 0
+
+# Branches that only an exception takes are the compiler's, not ours.
+report=(gcovr --root . --exclude-throw-branches --exclude-unreachable-branches -j 2)
+product=(--filter plugin/ --filter page/ --filter statistics/ --filter charts/ --filter export/ build/coverage/plugin)
+echo "Product, lines, and which are not reached:"
+"${report[@]}" --fail-under-line 98 "${product[@]}"
+echo "Product, branches:"
+"${report[@]}" --branches --fail-under-branch 95 "${product[@]}"
+echo "Development host, lines:"
+"${report[@]}" --fail-under-line 90 --filter devhost/ build/coverage/devhost

@@ -12,6 +12,12 @@ readonly run_packages=(
 readonly test_packages=(
     poppler-utils binutils postgresql-15
 )
+readonly coverage_packages=(
+    gcovr
+)
+readonly static_packages=(
+    clang-tidy clazy cppcheck
+)
 
 # The tests run database servers of their own, so installing one need not leave another running on the machine.
 keep_database_server_idle() {

@@ -53,9 +53,9 @@ constexpr int serviceRole = Qt::UserRole;
 constexpr int textKeyRole = Qt::UserRole + 1;
 constexpr int tabsEntry = 1;
 
-const QString geometrySetting = QStringLiteral("window/geometry");
-const QString languageSetting = QStringLiteral("language");
-const QString dateOrderSetting = QStringLiteral("dayFirst");
+constexpr QLatin1String geometrySetting("window/geometry");
+constexpr QLatin1String languageSetting("language");
+constexpr QLatin1String dateOrderSetting("dayFirst");
 
 QString text(const QString &key)
 {

@@ -110,7 +110,7 @@ private:
     /// What is always the same for a subject.
     int trait(Topic topic, int subject, int limit) const
     {
-        return dice(traitTopic, subject, topic).below(limit);
+        return dice(traitTopic, subject, static_cast<Bucket>(topic)).below(limit);
     }
     bool isWanted(Minute minute) const { return minute >= m_options.from && minute < m_options.to; }
 

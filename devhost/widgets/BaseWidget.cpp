@@ -41,7 +41,7 @@ bool BaseWidget::eventFilter(QObject *watched, QEvent *event)
         const auto *field = qobject_cast<QLineEdit *>(watched);
         const auto *key = static_cast<QKeyEvent *>(event);
         if (field && field->isReadOnly() && !field->actions().isEmpty() && opensField(*key)) {
-            field->actions().first()->trigger();
+            field->actions().constFirst()->trigger();
             return true;
         }
     }
