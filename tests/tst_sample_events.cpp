@@ -93,7 +93,6 @@ private:
     }
 
 private Q_SLOTS:
-    void initTestCase() { SKIP_WITHOUT_DATABASE(); }
     void init()
     {
         store = std::make_unique<EventStore>();

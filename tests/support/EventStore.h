@@ -34,13 +34,13 @@ public:
 
     explicit TestDatabase(Place place = usualPlace())
         : m_url(
-            place == Place::Postgres ? PostgresServer::shared().makeDatabase() : QStringLiteral(":memory:"))
+            place == Place::Postgres ? PostgresServer::shared().takeDatabase() : QStringLiteral(":memory:"))
         , m_place(place)
     { }
     ~TestDatabase()
     {
         if (m_place == Place::Postgres)
-            PostgresServer::shared().dropDatabase(m_url);
+            PostgresServer::shared().giveBack(m_url);
     }
 
     const QString &url() const { return m_url; }

@@ -181,18 +181,24 @@ void PostgresServer::stop()
     m_process.waitForFinished(patience);
 }
 
-QString PostgresServer::makeDatabase()
+QString PostgresServer::takeDatabase()
 {
+    if (!m_emptyDatabases.isEmpty())
+        return m_emptyDatabases.takeLast();
     const QString name = QStringLiteral("figures_%1").arg(++m_databases);
     if (!runTool(QStringLiteral("createdb"), {name}))
         qFatal("The database %s cannot be made.", qUtf8Printable(name));
     return url(name);
 }
 
-void PostgresServer::dropDatabase(const QString &url)
+void PostgresServer::giveBack(const QString &url)
 {
-    if (start())
-        runTool(QStringLiteral("dropdb"), {QStringLiteral("--force"), QUrl(url).path().mid(1)});
+    const QString empty =
+        QStringLiteral("SET lock_timeout = '10s'; DROP SCHEMA public CASCADE; CREATE SCHEMA public");
+    if (start()
+        && runTool(QStringLiteral("psql"),
+            {QStringLiteral("--no-psqlrc"), QStringLiteral("--command"), empty, QUrl(url).path().mid(1)}))
+        m_emptyDatabases.append(url);
 }
 
 QString PostgresServer::url(const QString &database, const QString &withPassword) const

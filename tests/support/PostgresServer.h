@@ -25,10 +25,11 @@ public:
     /// Stops it at once; whoever is connected loses the connection.
     void stop();
 
-    /// Makes an empty database and returns its URL.
-    QString makeDatabase();
-    /// Drops a database that `makeDatabase` made.
-    void dropDatabase(const QString &url);
+    /// The URL of an empty database.
+    QString takeDatabase();
+    /// Gives back a database that `takeDatabase` gave, for others to take: to empty one is quicker than to
+    /// make one. The server is started for it if need be.
+    void giveBack(const QString &url);
 
     /// The URL of a database, which need not exist.
     QString url(const QString &database, const QString &withPassword = password()) const;
@@ -49,6 +50,7 @@ private:
 
     QTemporaryDir m_folder;
     QProcess m_process;
+    QStringList m_emptyDatabases;
     int m_port = 0;
     int m_databases = 0;
 };
