@@ -279,6 +279,7 @@ void tst_devhost::helpNamesEveryOption()
             "--latency", "--fail", "--now", "--snapshot", "--no-window", "--log"}) {
         QVERIFY2(run.out.contains(QString::fromLatin1(option)), option);
     }
+    QVERIFY(run.out.contains(QStringLiteral("exit code")));
     QVERIFY(sandbox.isEmpty());
 }
 
