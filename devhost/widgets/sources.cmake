@@ -16,6 +16,7 @@ target_sources(TalvixWidgets PRIVATE
     widgets/SnapClasses.h
     widgets/SpanGrid.cpp
     widgets/SpanGrid.h
+    widgets/TextRequests.h
     widgets/Toast.cpp
     widgets/Toast.h
     widgets/ZrCalendarWidget.cpp

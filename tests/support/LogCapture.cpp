@@ -19,8 +19,11 @@ LogCapture::~LogCapture()
 
 void LogCapture::handle(QtMsgType type, const QMessageLogContext &, const QString &message)
 {
-    if (s_current)
-        s_current->m_lines.append({type, message});
+    if (!s_current)
+        return;
+    s_current->m_lines.append({type, message});
+    if (s_current->whenWritten)
+        s_current->whenWritten(message);
 }
 
 QStringList LogCapture::lines() const

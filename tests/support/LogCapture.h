@@ -4,6 +4,8 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <functional>
+
 /// Collects what is written to Qt's log while it lives. Captures may be nested; the innermost takes the
 /// lines.
 class LogCapture
@@ -23,6 +25,9 @@ public:
     /// Warnings, critical and fatal lines.
     QStringList complaints() const;
     void clear();
+
+    /// Runs when a line is written, so that a test can look at what stands by then.
+    std::function<void(const QString &line)> whenWritten;
 
 private:
     static void handle(QtMsgType type, const QMessageLogContext &context, const QString &message);
