@@ -27,6 +27,7 @@
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QVBoxLayout>
 
+#include <cstring>
 #include <functional>
 #include <limits>
 #include <memory>
@@ -103,6 +104,16 @@ QList<QWidget *> toastsOn(const QWidget &page)
     return shown;
 }
 
+/// Place of a virtual operation among those of its class, in bytes.
+template <typename Operation>
+std::ptrdiff_t placeOf(Operation operation)
+{
+    std::ptrdiff_t place = 0;
+    static_assert(sizeof operation >= sizeof place);
+    std::memcpy(&place, &operation, sizeof place);
+    return place;
+}
+
 NODE node(int id, const QString &name, int parent = 0)
 {
     NODE made;
@@ -153,6 +164,9 @@ private Q_SLOTS:
     void theBaseSetsTheMarkAtAHide();
     void aReadOnlyFieldOpensByKeys_data();
     void aReadOnlyFieldOpensByKeys();
+    void operationsOfPagesStandInTheHostsOrder();
+    void theMarkIsTheFirstMemberOfItsClass();
+    void fieldsOfANodeStandInTheHostsOrder();
 
     // tips and messages
     void aTipTakesNeitherFocusNorMouse();
@@ -328,6 +342,71 @@ void TestControls::aReadOnlyFieldOpensByKeys()
     QSignalSpy triggers(field.addAction(QIcon(), QLineEdit::TrailingPosition), &QAction::triggered);
     QTest::keyClick(&field, static_cast<Qt::Key>(key));
     QCOMPARE(triggers.count(), openings);
+}
+
+void TestControls::operationsOfPagesStandInTheHostsOrder()
+{
+#ifdef Q_CC_MSVC
+    QSKIP("There a pointer to an operation tells nothing of its place.");
+#else
+    using Page = BaseStyleWidget;
+    const std::ptrdiff_t places[] = {placeOf(&Page::initForm), placeOf(&Page::retranslateUi),
+        placeOf(&Page::doAfterWidgetShow), placeOf(&Page::doAfterWidgetHide), placeOf(&Page::releaseResource),
+        placeOf(&Page::processSpecialParam), placeOf(&Page::lineEditFocusIn), placeOf(&Page::textEditFocusIn),
+        placeOf(&Page::doVerifyLineEditText), placeOf(&Page::doVeriryTextEditText),
+        placeOf(&Page::shortcutEnter), placeOf(&Page::shortcutClose), placeOf(&Page::setPreviewConfigParam),
+        placeOf(&Page::getSelectLayoutId), placeOf(&Page::getCurrLayoutList),
+        placeOf(&Page::getCurLayoutMode), placeOf(&Page::getPicInPicModel), placeOf(&Page::getPicInPicPos),
+        placeOf(&Page::getShowAllDevEnabled), placeOf(&Page::appQuitProcess), placeOf(&Page::setTips),
+        placeOf(&Page::showTips)};
+    QCOMPARE(std::size(places), 22U);
+    for (std::size_t i = 1; i < std::size(places); ++i)
+        QCOMPARE(places[i] - places[i - 1], std::ptrdiff_t(sizeof(void *)));
+#endif
+}
+
+void TestControls::theMarkIsTheFirstMemberOfItsClass()
+{
+    struct Page : BaseStyleWidget
+    {
+        std::ptrdiff_t placeOfMark() const
+        {
+            return reinterpret_cast<const char *>(&m_bAfterHide)
+                - reinterpret_cast<const char *>(static_cast<const QWidget *>(this));
+        }
+        static constexpr std::size_t sizeOfMark() { return sizeof(m_bAfterHide); }
+    };
+    QCOMPARE(Page().placeOfMark(), std::ptrdiff_t(sizeof(QWidget)));
+    QCOMPARE(Page::sizeOfMark(), 1U);
+}
+
+void TestControls::fieldsOfANodeStandInTheHostsOrder()
+{
+    const NODE made;
+    const void *const places[] = {&made.id, &made.name, &made.parentId, &made.iconPath, &made.toolTip,
+        &made.uid, &made.level, &made.kind, &made.enabled, &made.context, &made.childCount, &made.checkState,
+        &made.remark, &made.extension};
+    QVERIFY(std::is_sorted(std::begin(places), std::end(places), std::less<const void *>()));
+    QCOMPARE(places[0], static_cast<const void *>(&made));
+    QCOMPARE(sizeof made.id, 4U);
+    QCOMPARE(sizeof made.level, 4U);
+    QCOMPARE(sizeof made.kind, 2U);
+    QCOMPARE(sizeof made.enabled, 1U);
+    QCOMPARE(sizeof made.context, 8U);
+    QCOMPARE(sizeof made.childCount, 4U);
+    QCOMPARE(sizeof made.checkState, 4U);
+
+    for (const QString &empty :
+        {made.name, made.parentId, made.iconPath, made.uid, made.remark, made.extension})
+        QVERIFY(empty.isEmpty() && !empty.isNull());
+    QVERIFY(made.toolTip.isNull());
+    QCOMPARE(made.id, 0);
+    QCOMPARE(made.level, 0);
+    QCOMPARE(int(made.kind), 0);
+    QCOMPARE(int(made.enabled), 1);
+    QCOMPARE(made.context, quint64(0));
+    QCOMPARE(made.childCount, 0);
+    QCOMPARE(made.checkState, 1);
 }
 
 void TestControls::aTipTakesNeitherFocusNorMouse()

@@ -78,6 +78,18 @@ public:
     }
 };
 
+/// Counts how often the texts of the tabs are renewed.
+class CountingHost : public DataStaticsWidget
+{
+public:
+    int renewals = 0;
+    void retranslateUi() override
+    {
+        ++renewals;
+        DataStaticsWidget::retranslateUi();
+    }
+};
+
 } // namespace
 
 class TestPlugin : public QObject
@@ -121,6 +133,8 @@ private Q_SLOTS:
     void dataStaticTypeOnlyRefits();
     void languageChangeRetitlesAndRefits();
     void pagesRenewTheirTextsOnTheirOwn();
+    void formSelectsTheLastTabUntilItIsSetUp();
+    void settingUpAgainRenewsTextsAndGoesBackToTheFirstTab();
     void tabHostAddsNothingToTheMetaObject();
 };
 
@@ -606,6 +620,42 @@ void TestPlugin::languageChangeRetitlesAndRefits()
         QVERIFY(tabWidths(tabs) != before);
         QCOMPARE(tabs->currentIndex(), 0);
     }
+}
+
+// The first line of the set-up is that of the second page's kind; the form stands as it was made by then.
+void TestPlugin::formSelectsTheLastTabUntilItIsSetUp()
+{
+    QWidget frame;
+    int tabThen = -1;
+    QStringList textsThen;
+    LogCapture log;
+    log.whenWritten = [&](const QString &line) {
+        const QTabWidget *tabs = tabsOf(&frame);
+        if (!tabs || line != QStringLiteral("setServiceType type: 2"))
+            return;
+        tabThen = tabs->currentIndex();
+        textsThen = tabTexts(tabs);
+    };
+    const DataStaticsWidget widget(&frame);
+    QCOMPARE(tabThen, 3);
+    QCOMPARE(textsThen,
+        QStringList({QStringLiteral("TK_Organization"), QStringLiteral("TK_Device"),
+            QStringLiteral("TK_OrganizationOnline"), QStringLiteral("TK_DeviceOnline")}));
+    QCOMPARE(tabsOf(&widget)->currentIndex(), 0);
+}
+
+void TestPlugin::settingUpAgainRenewsTextsAndGoesBackToTheFirstTab()
+{
+    PageScene scene;
+    CountingHost widget;
+    QCOMPARE(widget.renewals, 0);
+    showPage(widget);
+    clickTab(tabsOf(&widget), 2);
+    scene.forgetCalls();
+    widget.initForm();
+    QCOMPARE(widget.renewals, 1);
+    QCOMPARE(tabsOf(&widget)->currentIndex(), 0);
+    QCOMPARE(scene.wholeLevelCalls(), QStringList({QStringLiteral("getAlarmStatisticsOfOrgas")}));
 }
 
 void TestPlugin::tabHostAddsNothingToTheMetaObject()

@@ -1,6 +1,7 @@
 #include "support/PageScene.h"
 #include "support/TestMain.h"
 
+#include <devhost/widgets/HostSettings.h>
 #include <TalvixWidgets/ZrCalendarWidget.h>
 #include <TalvixWidgets/ZrComboBoxWithTree.h>
 #include <TalvixWidgets/ZrPushButton.h>
@@ -12,7 +13,10 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 
+#include <algorithm>
 #include <climits>
+#include <functional>
+#include <vector>
 
 namespace {
 
@@ -23,6 +27,23 @@ public:
     using BasicChart::BasicChart;
     using BasicChart::m_mutex;
     using BasicChart::m_serviceType;
+};
+
+/// Tells where the members of a page lie.
+class MemberMap : public BasicChart
+{
+public:
+    std::vector<const void *> places() const
+    {
+        return {&ui, &barDataList, &barDataList2, &lineDataList, &lineDataList2, &pieDataList,
+            &devTypeDataList, &barChartView, &lineChartView, &pieChartView, &m_strSelectedBar,
+            &m_chartViewList, &m_curUser, &m_nTimeType, &m_serviceType, &m_pCalendarWidget, &m_orgaList,
+            &idlist, &devDataList, &m_queryCondition, &pushButtonPrevious, &pushButtonNext, &labelPiecount,
+            &labelCallout, &comboBoxPie, &m_nCurPage, &m_nTotalPage, &m_nPageSize, &m_mutex, &m_pTimer,
+            &m_strToolTipFormat, &sortFlag, &snapSamples, &lineNames, &snapDetailMap, &etiologyDistribution,
+            &numberDistribution, &tempAlarmHandleList, &temperatureDistribution, &maskDistribution,
+            &m_pExportWidget, &m_bFirstShow};
+    }
 };
 
 QString rowName(int type)
@@ -64,6 +85,8 @@ private Q_SLOTS:
     void pageIsChildOfItsParentWithoutFlags();
     void pageThatIsNeverShownTouchesNoClient_data();
     void pageThatIsNeverShownTouchesNoClient();
+    void languageOfAPageThatIsNeverShownAsksForNodesAlone();
+    void membersLieAsDeclared();
     void queryConditionStartsEmpty();
     void deletionTakesAllChildrenAlong();
     void deletionOfShownPageOfAnyKindIsClean_data();
@@ -223,6 +246,30 @@ void TestServiceTypes::pageThatIsNeverShownTouchesNoClient()
     }
     QCOMPARE(scene.client.calls, QStringList());
     QCOMPARE(scene.manager.calls, QStringList());
+}
+
+// The tree has its view from the start, so the names of its nodes are renewed; nothing else is asked.
+void TestServiceTypes::languageOfAPageThatIsNeverShownAsksForNodesAlone()
+{
+    PageScene scene;
+    const ProbePage page(1);
+    QVERIFY(HostSettings::setLanguage(QStringLiteral("en")));
+    const QStringList asked = scene.client.calls;
+    HostSettings::setLanguage({});
+    QCOMPARE(asked, QStringList({QStringLiteral("getOrgaList"), QStringLiteral("organizeOrgaNodes")}));
+    QCOMPARE(scene.manager.calls, QStringList());
+}
+
+void TestServiceTypes::membersLieAsDeclared()
+{
+    const std::vector<const void *> places = MemberMap().places();
+    QCOMPARE(places.size(), 42U);
+    QVERIFY(std::is_sorted(places.begin(), places.end(), std::less<const void *>()));
+
+    const BasicChart::QueryCondition condition;
+    const std::vector<const void *> fields = {
+        &condition.userId, &condition.startTime, &condition.endTime, &condition.orgaId, &condition.timeType};
+    QVERIFY(std::is_sorted(fields.begin(), fields.end(), std::less<const void *>()));
 }
 
 void TestServiceTypes::queryConditionStartsEmpty()
