@@ -1,5 +1,6 @@
 #include "support/PageScene.h"
 #include "support/TestMain.h"
+#include "support/TextRecorder.h"
 
 #include <devhost/widgets/HostSettings.h>
 #include <export/TempResultExportWidget.h>
@@ -256,6 +257,11 @@ private Q_SLOTS:
     void languageChangeShowsPagingAgainAfterAFailedSearch();
     void languageChangeOnHiddenPageStopsAtTheNodes();
     void languageChangeBeforeFirstShowIsHarmless();
+    void languageOfTheApplicationSearchesVisiblePagesOnce_data();
+    void languageOfTheApplicationSearchesVisiblePagesOnce();
+    void languageChangeRenewsTitlesBarThenPieThenLine_data();
+    void languageChangeRenewsTitlesBarThenPieThenLine();
+    void languageChangeKeepsToolTipsAndLineNames();
 
     void highlightOfNoButtonIsIgnored();
     void highlightSetsPropertyAndPolishes_data();
@@ -1227,6 +1233,82 @@ void TestForm::languageChangeBeforeFirstShowIsHarmless()
     scene.forgetCalls();
     QVERIFY(chooseOrganisation(organisationCombo(page), QStringLiteral("Plant North")));
     QCOMPARE(scene.wholeLevelCalls(), QStringList({QStringLiteral("getAlarmStatisticsOfOrgas")}));
+}
+
+void TestForm::languageOfTheApplicationSearchesVisiblePagesOnce_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("visible");
+    for (const int type : {1, 2, 3, 4, 7, 8, 9}) {
+        QTest::addRow("type %d, a visible page searches once", type) << type << true;
+        QTest::addRow("type %d, a hidden page does not search", type) << type << false;
+    }
+}
+
+void TestForm::languageOfTheApplicationSearchesVisiblePagesOnce()
+{
+    QFETCH(int, type);
+    QFETCH(bool, visible);
+    PageScene scene;
+    ProbePage page(type);
+    showPage(page);
+    page.setVisible(visible);
+    for (const char *code : {"en", "de", ""}) {
+        LogCapture log;
+        scene.forgetCalls();
+        QVERIFY(HostSettings::setLanguage(QString::fromLatin1(code)));
+        QCOMPARE(log.count(searchLine), visible ? 1 : 0);
+        QCOMPARE(scene.wholeLevelCalls().size(), visible ? 1 : 0);
+    }
+}
+
+void TestForm::languageChangeRenewsTitlesBarThenPieThenLine_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("focusLost");
+    QTest::newRow("the pie of organisations forgets the bar before the line names it") << 7 << true;
+    QTest::newRow("the pie of devices forgets the bar before the line names it") << 8 << true;
+    QTest::newRow("alarms keep their bar") << 1 << false;
+}
+
+void TestForm::languageChangeRenewsTitlesBarThenPieThenLine()
+{
+    QFETCH(int, type);
+    QFETCH(bool, focusLost);
+    PageScene scene;
+    ProbePage page(type);
+    page.initForm();
+    page.m_strSelectedBar = QStringLiteral("Plant North");
+    TextRecorder texts;
+    page.retranslateUi();
+    QCOMPARE(
+        page.part<QLabel>("labelLineChartTitle")->text().contains(QStringLiteral("Plant North")), !focusLost);
+    QCOMPARE(page.m_strSelectedBar.isEmpty(), focusLost);
+
+    const QString kind = type == 1 ? QStringLiteral("TK_Alarm") : QStringLiteral("TK_Traffics");
+    const QString bar =
+        type == 1 ? QStringLiteral("StatisticsOfOrgas 1") : QStringLiteral("StatisticsOfDevices 1");
+    QStringList titles;
+    for (const QString &asked : std::as_const(texts.asked)) {
+        if (asked.startsWith(kind))
+            titles.append(asked.mid(kind.size()));
+    }
+    QCOMPARE(titles,
+        QStringList({bar, QStringLiteral("StatisticsOfType 1"), QStringLiteral("StatisticsOfNum 1")}));
+}
+
+// Tool tips stay those of the set-up; the names of the lines come with the next detail.
+void TestForm::languageChangeKeepsToolTipsAndLineNames()
+{
+    PageScene scene;
+    ProbePage page(1);
+    page.initForm();
+    const QStringList names = page.lineNames;
+    QVERIFY(HostSettings::setLanguage(QStringLiteral("de")));
+    QVERIFY(page.part<QLabel>("labelSort")->text() != QStringLiteral("TK_sort"));
+    QCOMPARE(page.part<QWidget>("pushButtonAsc")->toolTip(), QStringLiteral("TK_AscMode"));
+    QCOMPARE(page.part<QWidget>("pushButtonDesc")->toolTip(), QStringLiteral("TK_DescMode"));
+    QCOMPARE(page.lineNames, names);
 }
 
 void TestForm::highlightOfNoButtonIsIgnored()

@@ -157,6 +157,7 @@ private Q_SLOTS:
     void languageOfTheApplicationReachesTree();
     void languageChangeWithoutTreeViewIsHarmless();
     void languageChangeOnKindWithoutTree();
+    void languageChangeOnHiddenPageConnectsAFailedTreeAgain();
 
     void largeTreeOfInvalidNamesLoads();
 };
@@ -903,6 +904,28 @@ void TestOrganisation::languageChangeOnKindWithoutTree()
     QCOMPARE(log.count(failLine), 1);
     QVERIFY(!log.contains(searchLine));
     QCOMPARE(page.tips, QList<Tip>({noOrganisation}));
+}
+
+// The load failed because the tree had no root item; the names that come with the language find it whole.
+void TestOrganisation::languageChangeOnHiddenPageConnectsAFailedTreeAgain()
+{
+    PageScene scene;
+    ProbePage page(1);
+    showPage(page);
+    {
+        ZrTreeView empty;
+        const RootlessTree tree(organisationCombo(page), &empty);
+        QVERIFY(!page.slotOrgaInfoLoad());
+    }
+    scene.forgetCalls();
+    organisationCombo(page)->m_pTreeView->setRootAsCurrentItem();
+    QCOMPARE(scene.wholeLevelCalls(), QStringList());
+
+    page.hide();
+    page.retranslateUi();
+    QCOMPARE(scene.wholeLevelCalls(), QStringList());
+    QVERIFY(chooseOrganisation(organisationCombo(page), QStringLiteral("Plant South")));
+    QCOMPARE(scene.wholeLevelCalls(), alarmQuery);
 }
 
 void TestOrganisation::largeTreeOfInvalidNamesLoads()

@@ -2,6 +2,7 @@
 #include "support/TestMain.h"
 
 #include <devhost/widgets/HostSettings.h>
+#include <page/TimeFormats.h>
 #include <TalvixWidgets/BaseHelper.h>
 #include <TalvixWidgets/ZrCalendarWidget.h>
 #include <TalvixWidgets/ZrComboBoxWithTree.h>
@@ -90,6 +91,7 @@ private Q_SLOTS:
     void unitButtonsTellTheCalendar_data();
     void unitButtonsTellTheCalendar();
     void searchSeesTheNewUnitBeforeTheHighlight();
+    void calendarHasTheNewUnitBeforeTheSearch();
     void secondClickSearchesNothingButMarksAgain();
     void secondClickAtALaterHourSearches();
 
@@ -100,6 +102,8 @@ private Q_SLOTS:
     void limitedSpanIsSearched_data();
     void limitedSpanIsSearched();
     void tipComesBeforeTheText();
+    void wholeDaysEndWithTheirLastSecond_data();
+    void wholeDaysEndWithTheirLastSecond();
     void unchangedTextSearchesNothing();
     void otherDayNumberIsThatOfThePresentMoment();
 
@@ -280,6 +284,24 @@ void TestTimeSpan::searchSeesTheNewUnitBeforeTheHighlight()
     QCOMPARE(unitThen, 1);
     QCOMPARE(marksThen, QVariantList({true, false, false}));
     QCOMPARE(highlights(page), QVariantList({false, false, true}));
+}
+
+// The calendar offers the hours of a day by themselves; that tells its unit.
+void TestTimeSpan::calendarHasTheNewUnitBeforeTheSearch()
+{
+    PageScene scene;
+    ProbePage page(1);
+    showPage(page);
+    const int withHours = page.m_pCalendarWidget->height();
+    QList<bool> hoursThen;
+    scene.manager.alarmStatisticsOfOrgas.answer = [&](const auto &, auto &) {
+        hoursThen.append(page.m_pCalendarWidget->height() == withHours);
+        return true;
+    };
+    click(page, "pushButtonDay");
+    click(page, "pushButtonHour");
+    click(page, "pushButtonMonth");
+    QCOMPARE(hoursThen, QList<bool>({false, true, false}));
 }
 
 void TestTimeSpan::secondClickSearchesNothingButMarksAgain()
@@ -495,6 +517,21 @@ void TestTimeSpan::tipComesBeforeTheText()
     QCOMPARE(tipsAtTheSearch, 1);
 }
 
+void TestTimeSpan::wholeDaysEndWithTheirLastSecond_data()
+{
+    QTest::addColumn<QDateTime>("stop");
+    QTest::newRow("a stop on another day number") << at(2024, 5, 2, 9, 10, 11);
+    QTest::newRow("a stop that is cut") << at(2024, 5, 3, 9, 10, 11);
+}
+
+void TestTimeSpan::wholeDaysEndWithTheirLastSecond()
+{
+    QFETCH(QDateTime, stop);
+    const auto span =
+        TimeFormats::limited(at(2024, 5, 2, 4), stop, ZrCalendarWidget::Hour, testMoment().date());
+    QCOMPARE(span.stop, QDateTime(QDate(2024, 5, 2), QTime(23, 59, 59, 0)));
+}
+
 void TestTimeSpan::unchangedTextSearchesNothing()
 {
     PageScene scene;
@@ -653,6 +690,7 @@ void TestTimeSpan::malformedTextIsLoggedAndOpensThePopup()
     page.showZrCalendarWidget(true);
     QCOMPARE(log.lines(QtDebugMsg).count(errorLine), logged ? 1 : 0);
     QVERIFY(page.m_pCalendarWidget->isVisible());
+    QVERIFY(!page.m_pCalendarWidget->findChild<ZrPushButton *>(QStringLiteral("pushButtonOK"))->isEnabled());
     page.m_pCalendarWidget->hide();
     QCOMPARE(timeEdit(page)->text(), text);
     QCOMPARE(page.tips.size(), 1);
