@@ -634,6 +634,44 @@ private Q_SLOTS:
         QCOMPARE(page->m_nTotalPage, page->m_nCurPage == 1 ? 1 : 9);
     }
 
+    void aQueryThatSucceedsWritesItsOwnLinesAlone_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QStringList>("lines");
+        const QStringList detail = {
+            "BasicChart::clearPieAndLineChartData", "linedatalist*", " piedatalist *"};
+        QTest::newRow("organisations")
+            << 1
+            << QStringList({"BasicChart::getAlarmOfOrgas", "BasicChart::getOrgaIDList*",
+                   "BasicChart::setBarList", "BasicChart::clearBarChartData ",
+                   "type AlarmStatisticsOfOrgas bardatalist *", "BasicChart::getChartDataByBarId",
+                   "BasicChart::clearPieAndLineChartData", "getAlarmOfOrga by key*"})
+                + detail;
+        QTest::newRow("devices") << 2
+                                 << QStringList({"BasicChart::getAlarmOfDevices", "BasicChart::getOrgaID *",
+                                        "BasicChart::compareCondition", "BasicChart::getOrgaID *",
+                                        "BasicChart::setPageInfo*", "BasicChart::setBarList",
+                                        "BasicChart::clearBarChartData ",
+                                        "type AlarmStatisticsOfDevices  bardatalist *",
+                                        "BasicChart::getChartDataByBarId",
+                                        "BasicChart::clearPieAndLineChartData", "getAlarmOfDevice by key*"})
+                + detail;
+    }
+
+    void aQueryThatSucceedsWritesItsOwnLinesAlone()
+    {
+        QFETCH(int, type);
+        QFETCH(QStringList, lines);
+        answerOrganisations();
+        answerDevices();
+        answerRows(service->alarmStatisticsOfOrga, {alarmsOfPeriod("2024-05-03 01", -1, 9)});
+        answerRows(service->alarmStatisticsOfDevice, {alarmsOfPeriod("2024-05-03 01", -1, 9)});
+        QVERIFY(open(type));
+        LogCapture log;
+        QCOMPARE(type == 1 ? page->getAlarmOfOrgas() : page->getAlarmOfDevices(), 4);
+        QVERIFY2(exactly(log.lines(), lines), qPrintable(log.lines().join(QLatin1Char('\n'))));
+    }
+
     void aPageBehindTheLastRowKeepsItsNumber()
     {
         answerDevices();

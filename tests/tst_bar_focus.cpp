@@ -432,6 +432,23 @@ private Q_SLOTS:
         QCOMPARE(page->m_strSelectedBar, QStringLiteral("North"));
     }
 
+    void anEmptyDetailTellsSoAndEmptiesLineAndPie()
+    {
+        answerFourOrganisations();
+        QVERIFY(open(1));
+        QVERIFY(!page->lineDataList.isEmpty());
+        answerRows(service->alarmStatisticsOfOrga, {});
+        QVERIFY(hover(1));
+        QTRY_VERIFY_WITH_TIMEOUT(!page->m_pTimer->isActive(), patience);
+        QCOMPARE(page->tips, (QList<ProbePage::Tip>{{"TK_NoRecords", 2}}));
+        QCOMPARE(lastDrillDown(), 3);
+        QVERIFY(page->lineDataList.isEmpty());
+        QVERIFY(page->pieDataList.isEmpty());
+        QVERIFY(page->lineChartView->chart()->isVisible());
+        QCOMPARE(page->barDataList.size(), 4);
+        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+    }
+
     void aFailedDetailIsNotAskedAgainByTheSameBar()
     {
         answerFourOrganisations();
@@ -762,6 +779,102 @@ private Q_SLOTS:
         QVERIFY(bars && page->barChartView->chart() == bars);
         QVERIFY(!log.contains(QStringLiteral("BasicChart::loadChart")));
         QCOMPARE(log.count(QStringLiteral("BasicChart::on_pushButtonDesc_clicked")), 2);
+    }
+
+    void aDetailAfterASortIsAskedForInTheOldOrder()
+    {
+        answerFourOrganisations();
+        QVERIFY(open(1));
+        QList<bool> seen;
+        service->alarmStatisticsOfOrga.answer = [this, &seen](const auto &, auto &) {
+            seen.append({page->sortFlag, highlighted("pushButtonDesc"), highlighted("pushButtonAsc")});
+            return true;
+        };
+        press("pushButtonAsc");
+        QCOMPARE(seen, QList<bool>({true, true, false}));
+        QVERIFY(!page->sortFlag);
+        seen.clear();
+        press("pushButtonDesc");
+        QCOMPARE(seen, QList<bool>({false, false, true}));
+        QVERIFY(page->sortFlag);
+    }
+
+    void severalBarsInOrderTriggerNothing()
+    {
+        answerFourOrganisations();
+        QVERIFY(open(1));
+        const QPointer<QChart> bars = page->barChartView->chart();
+        press("pushButtonDesc");
+        QVERIFY(service->calls.isEmpty());
+        QVERIFY(bars && page->barChartView->chart() == bars);
+        press("pushButtonAsc");
+        QCOMPARE(service->calls.size(), 1);
+        forget();
+        const QPointer<QChart> ascending = page->barChartView->chart();
+        press("pushButtonAsc");
+        QVERIFY(service->calls.isEmpty());
+        QVERIFY(ascending && page->barChartView->chart() == ascending);
+    }
+
+    void aSearchWithinTheDelayTurnsItToTheFirstBar()
+    {
+        answerFourOrganisations();
+        QVERIFY(open(1));
+        QVERIFY(hover(1));
+        stretchDelay();
+        page->slotSearch();
+        QVERIFY(page->m_pTimer->isActive());
+        QCOMPARE(page->m_strSelectedBar, QStringLiteral("North"));
+        forget();
+        page->m_pTimer->setInterval(1);
+        QTRY_VERIFY_WITH_TIMEOUT(!page->m_pTimer->isActive(), patience);
+        QCOMPARE(announced, QStringList{"North"});
+        QCOMPARE(drillDowns(), 1);
+        QCOMPARE(lastDrillDown(), 2);
+    }
+
+    void aReloadWithinTheDelayOfTrafficForgetsTheBar_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::newRow("organisations") << 7;
+        QTest::newRow("devices") << 8;
+    }
+
+    void aReloadWithinTheDelayOfTrafficForgetsTheBar()
+    {
+        QFETCH(int, type);
+        QVERIFY(openWithBars(type));
+        QVERIFY(hover(1));
+        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        stretchDelay();
+        page->loadChart();
+        QVERIFY(page->m_pTimer->isActive());
+        QVERIFY(page->m_strSelectedBar.isEmpty());
+        forget();
+        page->m_pTimer->setInterval(1);
+        QTRY_VERIFY_WITH_TIMEOUT(!page->m_pTimer->isActive(), patience);
+        QCOMPARE(announced, QStringList());
+        QVERIFY(service->calls.isEmpty());
+    }
+
+    void aKindThatNobodyKnowsHasOneSeries_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::newRow("zero") << 0;
+        QTest::newRow("behind the last kind") << 10;
+        QTest::newRow("below zero") << -1;
+    }
+
+    void aKindThatNobodyKnowsHasOneSeries()
+    {
+        QFETCH(int, type);
+        QVERIFY(openWithBars(1));
+        page->setServiceType(type);
+        page->slotBarSelected(true, 1, set(0));
+        QVERIFY(calloutShows());
+        QCOMPARE(page->labelCallout->text(), calloutText(QStringLiteral("South"), QStringLiteral("30")));
+        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QVERIFY(page->m_pTimer->isActive());
     }
 
     void aListInOrderTriggersNothing()

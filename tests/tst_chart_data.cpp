@@ -1,6 +1,7 @@
 #include "support/FakeKrxClient.h"
 #include "support/LogCapture.h"
 #include "support/LogLines.h"
+#include "support/PageScene.h"
 #include "support/ProbePage.h"
 #include "support/ScriptedStatisticsManager.h"
 #include "support/StatisticsRows.h"
@@ -200,6 +201,9 @@ private Q_SLOTS:
         QTest::newRow("clearing the line and pie side") << Step(&ProbePage::clearPieAndLineChartData);
         QTest::newRow("clearing the pie") << Step(&ProbePage::clearPieChartData);
         QTest::newRow("adding a period") << Step([](ProbePage &p) { p.setLineAndPieItem("a", 1, -1); });
+        QTest::newRow("slices of causes") << Step([](ProbePage &p) { p.setEtiologyPieList({{1, 2}}); });
+        QTest::newRow("slices of numbers") << Step([](ProbePage &p) { p.setNumberPieList({{1, 2}}); });
+        QTest::newRow("the largest figure") << Step([](ProbePage &p) { p.getMaxValue({1}); });
     }
 
     void listsAreChangedUnderTheMutex()
@@ -219,6 +223,16 @@ private Q_SLOTS:
         QTest::newRow("an organisation") << Step([](ProbePage &p) { p.setOrgaBarItem(2, 1); });
         QTest::newRow("a device") << Step([](ProbePage &p) { p.setDevBarItem("d1", 1); });
         QTest::newRow("sorting the lines") << Step(&ProbePage::sortLineList);
+        QTest::newRow("slices of temperatures") << Step([](ProbePage &p) {
+            p.setTemperaturePieList({{1, 2}});
+        });
+        QTest::newRow("slices of masks") << Step([](ProbePage &p) { p.setMaskPieList({{1, 2}}); });
+        QTest::newRow("slices of minor types") << Step([](ProbePage &p) {
+            p.setSnapMinorPieList({{1, {{1, 2}}}}, 1);
+        });
+        QTest::newRow("switching the class of snapshots")
+            << Step([](ProbePage &p) { p.slot_switchPieChart(nullptr); });
+        QTest::newRow("the largest of no figures") << Step([](ProbePage &p) { p.getMaxValue({}); });
     }
 
     void barsAreAddedWithoutTheMutex()
@@ -229,6 +243,53 @@ private Q_SLOTS:
         HeldMutex held(page->m_mutex, std::chrono::seconds(5));
         step(*page);
         QVERIFY(held.isHeld());
+    }
+
+    void aDetailIsAskedForWithNewBarsAndEmptyLines_data()
+    {
+        QTest::addColumn<int>("type");
+        for (int type = 1; type <= 7; ++type)
+            QTest::addRow("service type %d", type) << type;
+    }
+
+    // What the details of the kinds 8 and 9 draw as lines is there before anybody is asked for their pie.
+    void aDetailIsAskedForWithNewBarsAndEmptyLines()
+    {
+        QFETCH(int, type);
+        PageScene scene;
+        make(type);
+        page->initForm();
+        scene.fillTree(*page);
+        const LabelledKeys keys = page->devDataList;
+        const qsizetype bars = page->barDataList.size();
+        QVERIFY(bars > 0);
+        int asked = 0;
+        int empty = 0;
+        int renewed = 0;
+        const auto look = [&] {
+            ++asked;
+            empty +=
+                page->lineDataList.isEmpty() && page->lineDataList2.isEmpty() && page->pieDataList.isEmpty();
+            renewed += page->devDataList == keys && page->barDataList.size() == bars;
+        };
+        const auto watch = [&look](auto &operation) {
+            operation.answer = [&look, answer = operation.answer](const auto &request, auto &response) {
+                look();
+                return answer(request, response);
+            };
+        };
+        watch(scene.manager.alarmStatisticsOfOrga);
+        watch(scene.manager.alarmStatisticsOfDevice);
+        watch(scene.manager.onlineStatisticsOfOrga);
+        watch(scene.manager.onlineStatisticsOfDevice);
+        watch(scene.manager.temperatureStatisticsOfGroup);
+        watch(scene.manager.temperatureStatisticsOfPerson);
+        watch(scene.manager.trafficsStatisticsOfOrga);
+        fillEveryList();
+        page->slotSearch();
+        QVERIFY(asked > 0);
+        QCOMPARE(empty, asked);
+        QCOMPARE(renewed, asked);
     }
 
     void organisationsBecomeBars_data()

@@ -443,6 +443,84 @@ private Q_SLOTS:
         QCOMPARE(service->onlineStatisticsOfDevices.requests.constLast().pageIndex, 1);
     }
 
+    void eachPartOfTheConditionLeadsToPageOne_data()
+    {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<int>("pageIndex");
+        QTest::newRow("nothing has changed") << "nothing" << 3;
+        QTest::newRow("another user") << "user" << 1;
+        QTest::newRow("another start") << "start" << 1;
+        QTest::newRow("another end") << "end" << 1;
+        QTest::newRow("another organisation") << "organisation" << 1;
+        QTest::newRow("another unit of the same strings") << "unit" << 1;
+    }
+
+    void eachPartOfTheConditionLeadsToPageOne()
+    {
+        QFETCH(QString, change);
+        answerBars();
+        QVERIFY(open(4));
+        auto *const edit = page->part<QLineEdit>("lineEditTime");
+        page->m_nTimeType = 1;
+        edit->setText(QStringLiteral("2024-03~2024-05"));
+        page->slotNext();
+        page->slotNext();
+        const QSignalBlocker quiet(edit);
+        if (change == QLatin1String("user"))
+            page->m_curUser.set_id(99);
+        else if (change == QLatin1String("start"))
+            edit->setText(QStringLiteral("2024-04~2024-05"));
+        else if (change == QLatin1String("end"))
+            edit->setText(QStringLiteral("2024-03~2024-04"));
+        else if (change == QLatin1String("unit"))
+            page->m_nTimeType = 0;
+        auto *const combo = page->part<ZrComboBoxWithTree>("comboBox");
+        const QSignalBlocker still(combo);
+        if (change == QLatin1String("organisation"))
+            combo->m_pTreeView->setCurrentIndex(
+                combo->m_pTreeView->model()->index(0, 0, combo->m_pTreeView->model()->index(0, 0)));
+        page->slotSearch();
+        QTEST(service->onlineStatisticsOfDevices.requests.constLast().pageIndex, "pageIndex");
+        QCOMPARE(service->onlineStatisticsOfDevices.requests.constLast().startTime(),
+            change == QLatin1String("start") ? std::string("2024-04") : std::string("2024-03"));
+    }
+
+    void aQueryThatSucceedsWritesItsOwnLinesAlone_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QStringList>("lines");
+        const QStringList detail = {
+            "BasicChart::clearPieAndLineChartData", "linedatalist*", " piedatalist *"};
+        QTest::newRow("organisations")
+            << 3
+            << QStringList({"BasicChart::getOnlineOfOrgas", "BasicChart::getOrgaIDList*",
+                   "BasicChart::clearBarChartData ", "type OnlineStatisticsOfOrgas bardatalist *",
+                   "BasicChart::getChartDataByBarId", "BasicChart::clearPieAndLineChartData",
+                   "getOnlineOfOrga by key*"})
+                + detail;
+        QTest::newRow("devices")
+            << 4
+            << QStringList({"BasicChart::getOnlineOfDevices", "BasicChart::getOrgaID *",
+                   "BasicChart::compareCondition", "BasicChart::getOrgaID *", "BasicChart::setPageInfo*",
+                   "BasicChart::clearBarChartData ", "type OnlineStatisticsOfDevices bardatalist *",
+                   "BasicChart::getChartDataByBarId", "BasicChart::clearPieAndLineChartData",
+                   " before BasicChart::getOnlineOfDevice", "BasicChart::getOnlineOfDevice success",
+                   "BasicChart::getOnlineOfDevice   setOnlinePieAndLineList"})
+                + detail;
+    }
+
+    void aQueryThatSucceedsWritesItsOwnLinesAlone()
+    {
+        QFETCH(int, type);
+        QFETCH(QStringList, lines);
+        answerBars();
+        answerPeriods();
+        QVERIFY(open(type));
+        LogCapture log;
+        QCOMPARE(type == 3 ? page->getOnlineOfOrgas() : page->getOnlineOfDevices(), 4);
+        QVERIFY2(exactly(log.lines(), lines), qPrintable(log.lines().join(QLatin1Char('\n'))));
+    }
+
     void negativePageNumbersAreNotTaken_data()
     {
         QTest::addColumn<int>("curPage");

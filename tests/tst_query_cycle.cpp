@@ -1,11 +1,13 @@
 #include "support/PageScene.h"
 #include "support/TestMain.h"
+#include "support/TextRecorder.h"
 
 #include <TalvixWidgets/ZrCalendarWidget.h>
 #include <TalvixWidgets/ZrChartView.h>
 #include <TalvixWidgets/ZrComboBoxWithTree.h>
 #include <TalvixWidgets/ZrLoaddingWidget.h>
 #include <TalvixWidgets/ZrPushButton.h>
+#include <TalvixWidgets/ZrTreeView.h>
 
 #include <QtCharts/QChart>
 #include <QtCore/QPointer>
@@ -79,6 +81,20 @@ public:
     }
 };
 
+/// Page that lets a test look at it while it tells something.
+class WatchedPage : public ProbePage
+{
+public:
+    using ProbePage::ProbePage;
+    std::function<void()> whenTipped;
+    void setTips(const QString &text, const int &kind) override
+    {
+        ProbePage::setTips(text, kind);
+        if (whenTipped)
+            whenTipped();
+    }
+};
+
 QLabel *title(const ProbePage &page, const char *name)
 {
     return page.part<QLabel>(name);
@@ -129,6 +145,7 @@ private Q_SLOTS:
     void laterShowKeepsTimeAndUnit();
     void overlayCoversTreeAndQueryOfAShow();
     void overlayEndsWhenTheTreeIsEmpty();
+    void overlayStandsWhenTheShowIsLogged();
     void otherSearchesHaveNoOverlay();
     void everyShowReloadsTreeAndFallsBackToRoot();
     void everyShowEndsDescendingAfterSearchingTheOldWay();
@@ -158,6 +175,8 @@ private Q_SLOTS:
     void othersSearchNothing();
     void repeatedSearchStillAsksTheServer();
 
+    void pageIsClearedBeforeItTellsWhy_data();
+    void pageIsClearedBeforeItTellsWhy();
     void clearingEmptiesTitles();
     void clearingHidesControlsAndCharts_data();
     void clearingHidesControlsAndCharts();
@@ -203,6 +222,7 @@ private Q_SLOTS:
     void onlineKindsKeepThePieAsItStands();
     void largeEnoughSizeRefreshesTheOverlays();
     void smallSizeLeavesTheOverlays();
+    void pieStandsAgainBeforeTheOverlaysArePlaced();
 };
 
 void TestQueryCycle::init()
@@ -367,6 +387,22 @@ void TestQueryCycle::overlayEndsWhenTheTreeIsEmpty()
     QCOMPARE(page.findChildren<ZrLoaddingWidget *>().size(), 0);
     QCOMPARE(page.tips, QList<Tip>({{QStringLiteral("TK_orgNotExist"), 2}}));
     QCOMPARE(manager.calls, QStringList());
+}
+
+void TestQueryCycle::overlayStandsWhenTheShowIsLogged()
+{
+    PageScene scene;
+    ProbePage page(1);
+    int overlays = 0;
+    LogCapture log;
+    log.whenWritten = [&](const QString &line) {
+        if (line != showLine(1))
+            return;
+        for (const ZrLoaddingWidget *overlay : page.findChildren<ZrLoaddingWidget *>())
+            overlays += overlay->isVisible();
+    };
+    showPage(page);
+    QCOMPARE(overlays, 1);
 }
 
 void TestQueryCycle::otherSearchesHaveNoOverlay()
@@ -799,6 +835,40 @@ void TestQueryCycle::repeatedSearchStillAsksTheServer()
     page.slotSearch();
     page.slotSearch();
     QCOMPARE(scene.wholeLevelCalls().size(), 2);
+}
+
+void TestQueryCycle::pageIsClearedBeforeItTellsWhy_data()
+{
+    QTest::addColumn<int>("outcome");
+    QTest::newRow("no organisation") << 1;
+    QTest::newRow("refused") << 2;
+    QTest::newRow("no records") << 3;
+}
+
+void TestQueryCycle::pageIsClearedBeforeItTellsWhy()
+{
+    QFETCH(int, outcome);
+    PageScene scene;
+    WatchedPage page(1);
+    showPage(page);
+    QCOMPARE(page.tips.size(), 0);
+    ZrTreeView noCurrentItem;
+    ZrTreeView *const tree = organisationCombo(page)->m_pTreeView;
+    if (outcome == 1)
+        organisationCombo(page)->m_pTreeView = &noCurrentItem;
+    if (outcome == 2)
+        scene.manager.failWith(QStringLiteral("away"));
+    if (outcome == 3)
+        scene.manager.alarmStatisticsOfOrgas.answers({});
+    bool cleared = false;
+    page.whenTipped = [&] {
+        cleared = titlesAreEmpty(page) && chartsShown(page) == QList<bool>({false, false, false})
+            && page.pieDataList.isEmpty();
+    };
+    page.slotSearch();
+    organisationCombo(page)->m_pTreeView = tree;
+    QCOMPARE(page.tips.size(), 1);
+    QVERIFY(cleared);
 }
 
 void TestQueryCycle::clearingEmptiesTitles()
@@ -1262,10 +1332,8 @@ void TestQueryCycle::pageInfo()
     QCOMPARE(page.m_nTotalPage, taken ? total : 6);
     QCOMPARE(page.m_nCurPage, taken ? current : 4);
     QCOMPARE(writtenLines(log).size(), 1);
-    QVERIFY(log.containsStart(QStringLiteral("BasicChart::setPageInfo total ")));
-    if (taken)
-        QCOMPARE(writtenLines(log).first(),
-            QStringLiteral("BasicChart::setPageInfo total %1 curpage  %2").arg(total).arg(current));
+    QCOMPARE(writtenLines(log).first(),
+        QStringLiteral("BasicChart::setPageInfo total %1 curpage  %2").arg(total).arg(current));
 }
 
 void TestQueryCycle::timerTellsOfTheBarAndStops()
@@ -1445,6 +1513,29 @@ void TestQueryCycle::smallSizeLeavesTheOverlays()
     page.resize(900, 700);
     QVERIFY(page.pushButtonNext->isVisible());
     QVERIFY(!page.pushButtonPrevious->isVisible());
+}
+
+// The place of the total comes from the pane, which has none while it is hidden.
+void TestQueryCycle::pieStandsAgainBeforeTheOverlaysArePlaced()
+{
+    PageScene scene;
+    QWidget frame;
+    frame.resize(1700, 1000);
+    ProbePage page(1, &frame);
+    frame.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frame));
+    page.resize(900, 700);
+    const QWidget *pane = page.part<QWidget>("widgetPie");
+    QVERIFY(pane->isHidden());
+    QList<bool> hiddenThen;
+    TextRecorder texts;
+    texts.whenAsked = [&](const QString &key) {
+        if (key == QStringLiteral("TK_PageTotalSize"))
+            hiddenThen.append(pane->isHidden());
+    };
+    page.resize(1200, 700);
+    QVERIFY(!hiddenThen.isEmpty());
+    QVERIFY(!hiddenThen.contains(true));
 }
 
 TALVIX_TEST_MAIN(TestQueryCycle)

@@ -23,6 +23,12 @@ inline bool inOrder(const QStringList &lines, const QStringList &wanted)
     return true;
 }
 
+/// Whether \a lines are \a wanted and nothing else.
+inline bool exactly(const QStringList &lines, const QStringList &wanted)
+{
+    return lines.size() == wanted.size() && inOrder(lines, wanted);
+}
+
 /// What stands behind \a start on the first line that begins so, without blanks and quotes around it.
 /// Null when no line begins so.
 inline QString loggedBehind(const QStringList &lines, const QString &start)
