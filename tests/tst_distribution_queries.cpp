@@ -224,10 +224,13 @@ void TestDistributionQueries::aRefusedGroupsDistributionTellsTheUserAndKeepsTheL
     scene.page.etiologyDistribution = {{1, 1}};
     scene.page.numberDistribution = {{2, 2}};
     scene.manager.failOperation(groupDistribution, reason);
+    qsizetype tipsAtTheLog = -1;
     LogCapture log;
+    log.whenWritten = [&](const QString &) { tipsAtTheLog = scene.page.tips.size(); };
     scene.page.getTempStatisticsDistributionOfGroups(QStringLiteral("1"), queryType);
     QCOMPARE(log.lines().size(), 1);
     QCOMPARE(countOfReasonLines(log, groupsFail, reason), 1);
+    QCOMPARE(tipsAtTheLog, 1);
     QCOMPARE(scene.tips(), QStringList({"2 TK_GetFailed" + reason}));
     QCOMPARE(pairs(scene.page.etiologyDistribution), Pairs({{1, 1}}));
     QCOMPARE(pairs(scene.page.numberDistribution), Pairs({{2, 2}}));
@@ -250,7 +253,9 @@ void TestDistributionQueries::withoutAnyDistributionTheUserIsToldAndTheLineStays
     StatisticsScene scene(5);
     answerItems(scene.manager.temperatureStatisticsOfGroup, {{0, "2024-05-03 03", 4}});
     scene.page.pieDataList = {{"old", 1}};
+    LogCapture log;
     scene.page.getChartDataByBarId(QStringLiteral("93"));
+    QVERIFY(!log.contains(QStringLiteral("BasicChart::clearPieChartData")));
     QCOMPARE(scene.tips(), QStringList({"2 TK_NoRecords"}));
     QCOMPARE(scene.page.lineDataList, LabelledValues({{"2024-05-03 03", 4}}));
     QCOMPARE(scene.page.pieDataList, LabelledValues());

@@ -26,6 +26,18 @@ bool standInOrder(std::initializer_list<int Object::*> fields)
     return true;
 }
 
+/// Whether a setter takes its value by reference and promises to leave it as it is.
+template <typename Value, typename Message>
+constexpr bool isSetterOf(void (Message::*)(const Value &))
+{
+    return true;
+}
+template <typename Value, typename Setter>
+constexpr bool isSetterOf(Setter)
+{
+    return false;
+}
+
 /// Whether the base of all managers refuses this very pair of messages with a reason.
 template <typename Request, typename Response>
 bool refusesWithReason(bool (KRXClientStatisticsManager::*operation)(Request &, Response &))
@@ -68,6 +80,8 @@ private Q_SLOTS:
     void everyMessageIsAClassOfItsOwn();
     void theCommandWordIsKept();
     void directFieldsAreIntegersInTheirOrder();
+    void listsAndTextsStandInTheirOrder();
+    void settersTakeReferences();
     void settersKeepWhatTheyAreGiven();
     void theConditionOfDeviceGroupsStartsWithOneAndUnsetIntegers();
     void recordsAreValuesWithTheirFieldsInOrder();
@@ -172,6 +186,44 @@ void TestTemperatureMessages::directFieldsAreIntegersInTheirOrder()
     QVERIFY(standInOrder<Orgas>({&Orgas::timeType, &Orgas::sortType, &Orgas::orgType}));
     using Orga = TalvixGetSnapDetailSamplesOfOrgaRequestMessage;
     QVERIFY(standInOrder<Orga>({&Orga::userId, &Orga::orgaId, &Orga::timeType, &Orga::orgType}));
+}
+
+void TestTemperatureMessages::listsAndTextsStandInTheirOrder()
+{
+    const std::less<const void *> before;
+    const StatisticsQueryOfOrga condition;
+    QVERIFY(before(&condition.reserved2, &condition.startTime));
+    QVERIFY(before(&condition.startTime, &condition.endTime));
+    QVERIFY(before(&condition.endTime, &condition.listOrg));
+    const TalvixGetTempStatisticsDistributionOfGroupsResponseMessage ofGroups;
+    QVERIFY(before(&ofGroups.byNumberList, &ofGroups.byEtiologyList));
+    const TalvixGetTempStatisticsDistributionOfOrgasResponseMessage ofOrgas;
+    QVERIFY(before(&ofOrgas.byTemperatureList, &ofOrgas.byMaskList));
+    const TalvixGetTemperatureStatisticsOfPersonsResponseMessage persons;
+    QVERIFY(before(&persons.curPage, &persons.totalPage));
+    QVERIFY(before(&persons.totalPage, &persons.statisticsList));
+    const TempAlarmHandleItem handling;
+    QVERIFY(before(&handling.count, &handling.time));
+    const TemperatureStatisticsItem item;
+    QVERIFY(before(&item.id, &item.name));
+    QVERIFY(before(&item.name, &item.count));
+}
+
+void TestTemperatureMessages::settersTakeReferences()
+{
+    using Text = std::string;
+    using Numbers = std::vector<int>;
+    QVERIFY(isSetterOf<Text>(&TalvixMessage::setCmd));
+    QVERIFY(isSetterOf<Text>(&TalvixGetSnapSamplesRequestMessage::setStartTime));
+    QVERIFY(isSetterOf<Text>(&TalvixGetSnapSamplesRequestMessage::setEndTime));
+    QVERIFY(isSetterOf<Text>(&TalvixGetSnapDetailSamplesRequestMessage::setChannelUid));
+    QVERIFY(isSetterOf<Text>(&TalvixGetSnapDetailSamplesRequestMessage::setBeginTime));
+    QVERIFY(isSetterOf<Text>(&TalvixGetSnapDetailSamplesRequestMessage::setEndTIme));
+    QVERIFY(isSetterOf<Numbers>(&TalvixGetSnapDetailSamplesOfOrgasRequestMessage::setListOrg));
+    QVERIFY(isSetterOf<Numbers>(&TalvixGetTemperatureStatisticsOfGroupsRequestMessage::setPersonGorupIDList));
+    QVERIFY(isSetterOf<StatisticsQueryOfOrga>(
+        &TalvixGetTempAlarmHandleStatisticsOfOrgaRequestMessage::setQueryStatisticsOfOrga));
+    QVERIFY((std::is_same_v<decltype(TalvixGetSnapSamplesRequestMessage::timeType), int>));
 }
 
 void TestTemperatureMessages::settersKeepWhatTheyAreGiven()

@@ -109,6 +109,11 @@ private Q_SLOTS:
     void aRefusedDrillDownShowsTheReason();
     void anEmptyDrillDownShowsThatThereIsNothing_data();
     void anEmptyDrillDownShowsThatThereIsNothing();
+    void theUserIsToldOfADrillDownBeforeTheLog_data();
+    void theUserIsToldOfADrillDownBeforeTheLog();
+    void unitAndSpanAreThoseOfThePage_data();
+    void unitAndSpanAreThoseOfThePage();
+    void aNameEndsAtItsFirstNullByteOnlyWhereItIsTranslated();
     void aFailedDrillDownOfABarLeavesLineAndPieEmpty_data();
     void aFailedDrillDownOfABarLeavesLineAndPieEmpty();
     void aPersonsBarAsksThePersonAlone();
@@ -600,6 +605,82 @@ void TestTemperatureQueries::anEmptyDrillDownShowsThatThereIsNothing()
     QCOMPARE(log.lines(), QStringList({drillDown.word, drillDown.word + " records is empty"}));
     QCOMPARE(scene.page.lineDataList, LabelledValues({{"kept", 1}}));
     QCOMPARE(scene.page.pieDataList, LabelledValues({{"kept", 2}}));
+}
+
+void TestTemperatureQueries::theUserIsToldOfADrillDownBeforeTheLog_data()
+{
+    QTest::addColumn<DrillDown>("drillDown");
+    QTest::addColumn<bool>("refused");
+    QTest::newRow("group, refused") << ofGroup << true;
+    QTest::newRow("group, no records") << ofGroup << false;
+    QTest::newRow("person, refused") << ofPerson << true;
+    QTest::newRow("person, no records") << ofPerson << false;
+}
+
+void TestTemperatureQueries::theUserIsToldOfADrillDownBeforeTheLog()
+{
+    QFETCH(DrillDown, drillDown);
+    QFETCH(bool, refused);
+    StatisticsScene scene(drillDown.type);
+    if (refused)
+        scene.manager.failOperation(drillDown.operation, reason);
+    QList<qsizetype> tipsThen;
+    LogCapture log;
+    log.whenWritten = [&](const QString &) { tipsThen.append(scene.page.tips.size()); };
+    runDrillDown(scene, QStringLiteral("30"));
+    QCOMPARE(tipsThen, QList<qsizetype>({0, 1}));
+}
+
+void TestTemperatureQueries::unitAndSpanAreThoseOfThePage_data()
+{
+    QTest::addColumn<QByteArray>("button");
+    QTest::addColumn<int>("unit");
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<QString>("end");
+    QTest::newRow("months") << QByteArray("pushButtonMonth") << 1 << "2023-11"
+                            << "2024-05";
+    QTest::newRow("days") << QByteArray("pushButtonDay") << 2 << "2024-04-26"
+                          << "2024-05-03";
+}
+
+void TestTemperatureQueries::unitAndSpanAreThoseOfThePage()
+{
+    QFETCH(QByteArray, button);
+    QFETCH(int, unit);
+    QFETCH(QString, start);
+    QFETCH(QString, end);
+    StatisticsScene scene(5);
+    scene.press(button.constData());
+    scene.forget();
+    scene.page.getTemperatureOfGroups();
+    scene.page.getTemperatureOfGroup(QStringLiteral("30"));
+    scene.page.getTempStatisticsDistributionOfGroups(QStringLiteral("30"), 1);
+    scene.page.getTemperatureOfPersons();
+    scene.page.getTemperatureOfPerson(QStringLiteral("30"));
+    const auto check = [&](const auto &operation) {
+        const auto request = operation.requests.first();
+        QCOMPARE(request.timeType, unit);
+        QCOMPARE(text(request.startTime()), start);
+        QCOMPARE(text(request.endTime()), end);
+    };
+    check(scene.manager.temperatureStatisticsOfGroups);
+    check(scene.manager.temperatureStatisticsOfGroup);
+    check(scene.manager.tempStatisticsDistributionOfGroups);
+    check(scene.manager.temperatureStatisticsOfPersons);
+    check(scene.manager.temperatureStatisticsOfPerson);
+}
+
+void TestTemperatureQueries::aNameEndsAtItsFirstNullByteOnlyWhereItIsTranslated()
+{
+    const std::string name("a\0b", 3);
+    StatisticsScene groups(5);
+    groups.page.setGroupsBarList(std::vector<TemperatureStatisticsItem>({{1, name, 5}}));
+    QCOMPARE(groups.page.barDataList, LabelledValues({{"a", 5}}));
+    QCOMPARE(groups.page.devDataList, LabelledKeys({{"a", "1"}}));
+    StatisticsScene persons(6);
+    persons.page.setPersonsBarList({{1, name, 5}});
+    QCOMPARE(persons.page.barDataList, LabelledValues({{QString::fromStdString(name), 5}}));
+    QCOMPARE(persons.page.barDataList.first().first.size(), 3);
 }
 
 void TestTemperatureQueries::aFailedDrillDownOfABarLeavesLineAndPieEmpty_data()

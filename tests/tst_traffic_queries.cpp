@@ -77,6 +77,7 @@ private Q_SLOTS:
     void samplesWithoutAnyFigureAreNoRecordsAndWriteNoLine();
     void aFigureInTheLastBucketIsEnough();
     void unknownChannelsAreLeftOutInSilence();
+    void unknownChannelsAmongKnownOnesAreLeftOut();
     void onlyUnknownChannelsGiveSuccessWithoutBars();
     void aChannelInThreeBucketsIsOneBarWithTheSums();
     void barsOfAChannel_data();
@@ -97,6 +98,8 @@ private Q_SLOTS:
     void withoutSamplesTheLineOfADeviceStays();
     void aDevicesBarClearsLineAndDetailsFirst();
     void detailsOfADeviceAreAskedByChannel();
+    void monthsAndDaysOfDevicesGoOutAsTheyAre_data();
+    void monthsAndDaysOfDevicesGoOutAsTheyAre();
 
     // Organisations, whole level
     void organisationsAreAskedWithoutAUser();
@@ -115,6 +118,8 @@ private Q_SLOTS:
     void anEmptyOrganisationIsLoggedAlone();
     void aFailedBarOfAnOrganisationKeepsDetailsAndEmptiesLines_data();
     void aFailedBarOfAnOrganisationKeepsDetailsAndEmptiesLines();
+    void afterAFailedBarTheNextLoadShowsEarlierDetails_data();
+    void afterAFailedBarTheNextLoadShowsEarlierDetails();
     void theLineOfAnOrganisationFoldsItsPeriods();
     void detailsOfAnOrganisationAreAskedByItsNumber();
 
@@ -249,6 +254,21 @@ void TestTrafficQueries::unknownChannelsAreLeftOutInSilence()
     QCOMPARE(scene.page.barDataList2, LabelledValues());
     QCOMPARE(scene.page.devDataList, LabelledKeys());
     QCOMPARE(scene.page.devTypeDataList, LabelledValues());
+}
+
+void TestTrafficQueries::unknownChannelsAmongKnownOnesAreLeftOut()
+{
+    StatisticsScene scene(8);
+    addGates(scene);
+    answerSamples(scene.manager,
+        {{"h0", {{"nobody", counts(7, 70)}, {"s", counts(1, 10)}, {"", counts(8, 80)}, {"n", counts(2, 20)}}},
+            {"h1", {{"s", counts(3, 30)}, {"nobody", counts(9, 90)}}}});
+    QCOMPARE(scene.queryWholeLevel(), 4);
+    QCOMPARE(scene.page.barDataList, LabelledValues({{"South gate", 4}, {"North gate", 2}}));
+    QCOMPARE(scene.page.barDataList2, LabelledValues({{"South gate", 40}, {"North gate", 20}}));
+    QCOMPARE(scene.page.devDataList, LabelledKeys({{"South gate", "s"}, {"North gate", "n"}}));
+    QCOMPARE(scene.page.devTypeDataList, LabelledValues({{"South gate", 12}, {"North gate", 11}}));
+    QCOMPARE(scene.page.lineDataList, LabelledValues({{"h0", 1}, {"h1", 3}}));
 }
 
 void TestTrafficQueries::onlyUnknownChannelsGiveSuccessWithoutBars()
@@ -507,6 +527,42 @@ void TestTrafficQueries::detailsOfADeviceAreAskedByChannel()
     }
 }
 
+void TestTrafficQueries::monthsAndDaysOfDevicesGoOutAsTheyAre_data()
+{
+    QTest::addColumn<QByteArray>("button");
+    QTest::addColumn<int>("unit");
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<QString>("end");
+    QTest::newRow("months") << QByteArray("pushButtonMonth") << 1 << "2023-11"
+                            << "2024-05";
+    QTest::newRow("days") << QByteArray("pushButtonDay") << 2 << "2024-04-26"
+                          << "2024-05-03";
+}
+
+void TestTrafficQueries::monthsAndDaysOfDevicesGoOutAsTheyAre()
+{
+    QFETCH(QByteArray, button);
+    QFETCH(int, unit);
+    QFETCH(QString, start);
+    QFETCH(QString, end);
+    StatisticsScene scene(8);
+    addGates(scene);
+    answerSamples(scene.manager, twoHours);
+    scene.press(button.constData());
+    scene.forget();
+    QCOMPARE(scene.queryWholeLevel(), 4);
+    const auto samples = scene.manager.snapSamplesResource.requests.first();
+    QCOMPARE(samples.timeType, unit);
+    QCOMPARE(text(samples.startTime()), start);
+    QCOMPARE(text(samples.endTime()), end);
+    QCOMPARE(scene.manager.snapDetailSamples.requests.size(), 2);
+    for (const auto &request : std::as_const(scene.manager.snapDetailSamples.requests)) {
+        QCOMPARE(request.timeType, unit);
+        QCOMPARE(text(request.beginTime()), start);
+        QCOMPARE(text(request.endTime()), end);
+    }
+}
+
 void TestTrafficQueries::organisationsAreAskedWithoutAUser()
 {
     StatisticsScene scene(7);
@@ -703,6 +759,40 @@ void TestTrafficQueries::aFailedBarOfAnOrganisationKeepsDetailsAndEmptiesLines()
     QCOMPARE(scene.page.pieDataList, LabelledValues());
     QCOMPARE(scene.page.snapDetailMap.keys(), QList<int>({2, 4}));
     QCOMPARE(scene.tips(), QStringList());
+}
+
+void TestTrafficQueries::afterAFailedBarTheNextLoadShowsEarlierDetails_data()
+{
+    QTest::addColumn<bool>("refused");
+    QTest::newRow("refused") << true;
+    QTest::newRow("without records") << false;
+}
+
+void TestTrafficQueries::afterAFailedBarTheNextLoadShowsEarlierDetails()
+{
+    QFETCH(bool, refused);
+    StatisticsScene scene(7);
+    answerOrgas(scene.manager.trafficsStatisticsOfOrgas, {{42, "", counts(9, 1)}, {43, "", counts(5, 1)}});
+    answerOrgas(scene.manager.trafficsStatisticsOfOrga, {{0, "h0", counts(1, 2)}});
+    answerDetails(scene.manager, details(40, 6), details(20, 5));
+    scene.page.slotSearch();
+    QCOMPARE(scene.page.pieDataList, other(6));
+    QCOMPARE(scene.page.comboBoxPie->count(), 1);
+
+    if (refused)
+        scene.manager.failOperation(QStringLiteral("getTrafficsStatisticsOfOrga"), reason);
+    else
+        scene.manager.trafficsStatisticsOfOrga.answers({});
+    QString bar = QStringLiteral("Plant South");
+    scene.page.slotBarSetChanged(bar);
+    QCOMPARE(scene.page.pieDataList, LabelledValues());
+    QCOMPARE(scene.page.lineDataList, LabelledValues());
+    scene.page.comboBoxPie->clear();
+    scene.page.loadChart();
+    QCOMPARE(scene.page.pieDataList, other(6));
+    QCOMPARE(scene.page.lineDataList, LabelledValues());
+    QCOMPARE(scene.page.comboBoxPie->count(), 1);
+    QCOMPARE(scene.page.comboBoxPie->currentData().toInt(), 40);
 }
 
 void TestTrafficQueries::theLineOfAnOrganisationFoldsItsPeriods()
