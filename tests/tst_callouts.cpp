@@ -37,6 +37,7 @@ private Q_SLOTS:
     void lineTimeThatIsNoTimeIsLeftOut_data();
     void lineTimeThatIsNoTimeIsLeftOut();
     void secondLineHasItsOwnList();
+    void secondLineBeyondItsListShowsNothing();
     void dualLineWithoutASenderShowsNothing_data();
     void dualLineWithoutASenderShowsNothing();
     void dualLineOfAnotherNameShowsNothing();
@@ -95,6 +96,8 @@ void CalloutsTest::calloutIsMadeByTheFirstHover()
     QCOMPARE(callout->parent(), &stage.page);
     QCOMPARE(callout->objectName(), QStringLiteral("LabelCallout"));
     QCOMPARE(callout->minimumSize(), QSize(200, 70));
+    // Under the pointer it would end the very hover that it answers.
+    QVERIFY(callout->testAttribute(Qt::WA_TransparentForMouseEvents));
     QCOMPARE(callout->text(), QStringLiteral("text"));
     QVERIFY(callout->isVisible());
 }
@@ -370,6 +373,22 @@ void CalloutsTest::secondLineHasItsOwnList()
         QCOMPARE(stage.page.labelCallout->text(), callout("2024-06-02", "second", "6"));
         Q_EMIT series<QLineSeries>(chart.get(), 0)->hovered(QPointF(2, 6), true);
         QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-03", "first", "1234567"));
+    }
+}
+
+void CalloutsTest::secondLineBeyondItsListShowsNothing()
+{
+    for (const int type : {7, 8, 9}) {
+        ChartStage stage(type, ChartStage::OnScreen);
+        stage.page.m_nTimeType = 2;
+        stage.page.lineDataList = days;
+        stage.page.lineDataList2 = {{"2024-06-01", 4}};
+        const OwnedChart chart(stage.page.createDualLineChart());
+        for (const double x : {1.0, 2.0, -1.0})
+            Q_EMIT series<QLineSeries>(chart.get(), 1)->hovered(QPointF(x, 6), true);
+        QVERIFY(!stage.page.labelCallout);
+        Q_EMIT series<QLineSeries>(chart.get(), 1)->hovered(QPointF(0, 6), true);
+        QVERIFY(stage.page.labelCallout->isVisible());
     }
 }
 

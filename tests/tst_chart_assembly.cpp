@@ -5,9 +5,45 @@
 #include <TalvixWidgets/AppTranslationHelper.h>
 #include <TalvixWidgets/ZrPushButton.h>
 
+#include <functional>
 #include <limits>
 
 using namespace ChartProbe;
+
+namespace {
+
+/// Keeps what is to be deleted, and whom.
+class DeletionWatch : public QObject
+{
+public:
+    QList<QObject *> asked;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::DeferredDelete)
+            return false;
+        asked.append(watched);
+        return true;
+    }
+};
+
+/// Lets a test look at what stands when the palette changes.
+class PaletteWatch : public QObject
+{
+public:
+    std::function<void()> whenChanged;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::PaletteChange)
+            whenChanged();
+        return false;
+    }
+};
+
+} // namespace
 
 class ChartAssemblyTest : public QObject
 {
@@ -64,6 +100,9 @@ private Q_SLOTS:
     void lineAndPieReloadKeepsTheBars_data();
     void lineAndPieReloadKeepsTheBars();
     void pieReloadTouchesOnlyTheVisiblePie();
+    void oldChartIsGivenUpBeforeTheNewOneIsBuilt_data();
+    void oldChartIsGivenUpBeforeTheNewOneIsBuilt();
+    void lookIsSetBeforePaletteAndOverlays();
     void everyRebuildEndsInTheSameLook_data();
     void everyRebuildEndsInTheSameLook();
     void renderHintIsSwitched();
@@ -953,6 +992,65 @@ void ChartAssemblyTest::pieReloadTouchesOnlyTheVisiblePie()
     QCOMPARE(page.pieChartView->chart(), kept.data());
     QCOMPARE(series<QPieSeries>(kept)->count(), 1);
     QVERIFY(page.labelPiecount->text().contains("<font> 3</font>"));
+}
+
+void ChartAssemblyTest::oldChartIsGivenUpBeforeTheNewOneIsBuilt_data()
+{
+    kinds();
+}
+
+// A chart that is on its way out gets its deletion as soon as that is asked for; it is kept alive here, as it
+// is still on show.
+void ChartAssemblyTest::oldChartIsGivenUpBeforeTheNewOneIsBuilt()
+{
+    QFETCH(int, type);
+    ChartStage stage(type);
+    fill(stage.page);
+    stage.page.loadChart();
+    const QList<QPointer<QChart>> old = charts(stage.page);
+    DeletionWatch watch;
+    for (QChart *chart : old)
+        chart->installEventFilter(&watch);
+    QStringList givenUp;
+    LogCapture log;
+    log.whenWritten = [&](const QString &line) {
+        const QStringList builders = {"createBarChart", "createLineChart", "createPieChart"};
+        const auto view = builders.indexOf(line);
+        if (view < 0)
+            return;
+        QCoreApplication::sendPostedEvents(old.at(view), QEvent::DeferredDelete);
+        if (watch.asked.contains(old.at(view)))
+            givenUp.append(line);
+    };
+    stage.page.loadChart();
+    QStringList built = {"createBarChart", "createLineChart"};
+    if (hasPie(type))
+        built.append("createPieChart");
+    QCOMPARE(givenUp, built);
+    qDeleteAll(old);
+}
+
+void ChartAssemblyTest::lookIsSetBeforePaletteAndOverlays()
+{
+    ChartStage stage(1, ChartStage::OnScreen);
+    ProbePage &page = stage.page;
+    fill(page);
+    page.loadChart();
+    spoilLook(page);
+    PaletteWatch watch;
+    bool hintsThen = false;
+    QString totalThen;
+    watch.whenChanged = [&] {
+        hintsThen = page.pieChartView->renderHints().testFlag(QPainter::Antialiasing)
+            && page.pieChartView->chart()->animationOptions() == QChart::SeriesAnimations;
+        totalThen = page.labelPiecount->text();
+    };
+    page.installEventFilter(&watch);
+    page.part<QWidget>("widgetPie")->hide();
+    page.reloadPieChart();
+    QVERIFY(hintsThen);
+    QCOMPARE(totalThen, QStringLiteral("before"));
+    QVERIFY(page.labelPiecount->text() != QStringLiteral("before"));
 }
 
 void ChartAssemblyTest::everyRebuildEndsInTheSameLook_data()

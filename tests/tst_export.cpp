@@ -1,19 +1,24 @@
 #include "support/StatisticsScene.h"
 #include "support/TestMain.h"
+#include "support/TextRecorder.h"
 
 #include <devhost/widgets/HostSettings.h>
 #include <export/TempResultExportWidget.h>
 #include <TalvixWidgets/AppLanguageTr.h>
 #include <TalvixWidgets/AppStyleHelper.h>
 #include <TalvixWidgets/ZrChartView.h>
+#include <TalvixWidgets/ZrMessageBoxFlowDownWidget.h>
 #include <TalvixWidgets/ZrPushButton.h>
 
 #include <QtCharts/QChart>
+#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QVariantAnimation>
+#include <QtTest/qtestspontaneevent.h>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
@@ -48,6 +53,30 @@ bool messageIsShown(const QWidget &page, const QString &words)
     const QList<QWidget *> children = page.findChildren<QWidget *>();
     return std::any_of(children.cbegin(), children.cend(),
         [&words](const QWidget *child) { return child->isVisible() && child->accessibleName() == words; });
+}
+
+/// The colour of the note over a page, once it has faded in; none when there is no note.
+std::optional<QRgb> colourOfMessage(const QWidget &page)
+{
+    auto *note = page.findChild<QWidget *>(QStringLiteral("toast"));
+    if (!note)
+        return std::nullopt;
+    const auto *fade = note->findChild<QVariantAnimation *>();
+    if (!QTest::qWaitFor([fade] { return !fade || fade->state() == QAbstractAnimation::Stopped; }))
+        return std::nullopt;
+    const QImage picture = note->grab().toImage();
+    return picture.pixel(picture.width() - 6, picture.height() / 2);
+}
+
+/// How long the note over a page will stay, in milliseconds; nothing when it has no end.
+QList<int> timesOfMessage(const QWidget &page)
+{
+    QList<int> times;
+    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(
+        page.findChild<QWidget *>(QStringLiteral("toast")));
+    for (const auto &timer : timers)
+        times.append(timer.interval);
+    return times;
 }
 
 bool hasWaitCursor()
@@ -309,6 +338,9 @@ private Q_SLOTS:
     void buttonsCloseTheDialogAndThenAnswer_data();
     void buttonsCloseTheDialogAndThenAnswer();
     void theSignalsCodeIsOneUnlessGiven();
+    void theWindowSystemsCloseIsAnsweredOnce();
+    void marginsOfTheDialog_data();
+    void marginsOfTheDialog();
 
     // Pages without the dialog
     void aPageExportsWithoutModeDialogAndWaitCursor_data();
@@ -323,6 +355,7 @@ private Q_SLOTS:
     void aCancelledFileDialogWritesNothing();
     void aPlaceThatCannotBeWrittenIsNotNoticed_data();
     void aPlaceThatCannotBeWrittenIsNotNoticed();
+    void theMessageOfAnExportLooksLikeASuccess();
     void anExportAsksTheServerNothing();
     void aSecondExportWritesAgain();
 
@@ -570,6 +603,68 @@ void TestExport::theSignalsCodeIsOneUnlessGiven()
     Q_EMIT dialog.signalConfirm();
     QCOMPARE(spy.size(), 1);
     QCOMPARE(spy.first().first().toInt(), 1);
+}
+
+void TestExport::theWindowSystemsCloseIsAnsweredOnce()
+{
+    QWidget page;
+    page.show();
+    TempResultExportWidget dialog(&page);
+    QList<int> answers;
+    connect(&dialog, &TempResultExportWidget::signalConfirm, this,
+        [&answers](int answer) { answers.append(answer); });
+    for (int time = 1; time <= 2; ++time) {
+        dialog.showZrDialog();
+        QCloseEvent close;
+        QSpontaneKeyEvent::setSpontaneous(&close);
+        QCoreApplication::sendEvent(&dialog, &close);
+        QCOMPARE(answers, QList<int>(time, 0));
+        QVERIFY(!dialog.isVisible());
+    }
+}
+
+void TestExport::marginsOfTheDialog_data()
+{
+    QTest::addColumn<QString>("layout");
+    QTest::addColumn<QMargins>("margins");
+    QTest::newRow("the title") << "horizontalLayout_5" << QMargins(-1, 0, 10, -1);
+    QTest::newRow("the buttons") << "horizontalLayout_8" << QMargins(-1, -1, 10, -1);
+}
+
+// -1 is the default of the style, as it holds for a layout in that place.
+void TestExport::marginsOfTheDialog()
+{
+    QFETCH(QString, layout);
+    QFETCH(QMargins, margins);
+    TempResultExportWidget dialog(nullptr);
+    auto *likewise = new QHBoxLayout;
+    likewise->setContentsMargins(margins);
+    dialog.findChild<QVBoxLayout *>(QStringLiteral("verticalLayout_2"))->addLayout(likewise);
+    QCOMPARE(dialog.findChild<QLayout *>(layout)->contentsMargins(), likewise->contentsMargins());
+}
+
+void TestExport::theMessageOfAnExportLooksLikeASuccess()
+{
+    QTemporaryDir directory;
+    StatisticsScene scene(1);
+    User user;
+    user.savesAs(directory.filePath(QStringLiteral("report")));
+    QVERIFY(user.exports(scene));
+    const QList<int> time = timesOfMessage(scene.page);
+    QCOMPARE(time.size(), 1);
+    const std::optional<QRgb> told = colourOfMessage(scene.page);
+    QVERIFY(told);
+
+    using Message = ZrMessageBoxFlowDownWidget;
+    for (const auto kind : {Message::Success, Message::Warning, Message::Failure}) {
+        QWidget page;
+        page.resize(scene.page.size());
+        page.show();
+        Message::showMessage(successText, &page, kind, 0);
+        if (kind == Message::Success)
+            QCOMPARE(timesOfMessage(page), time);
+        QCOMPARE(colourOfMessage(page) == told, kind == Message::Success);
+    }
 }
 
 void TestExport::aPageExportsWithoutModeDialogAndWaitCursor_data()
@@ -936,6 +1031,12 @@ void TestExport::confirmedPdfIsWrittenUnderAWaitCursor()
     bool waited = false;
     bool modeDialogWasClosed = false;
     user.choosesMode("radioButtonPDF", "pushButtonOK");
+    bool toldUnderTheCursor = false;
+    TextRecorder texts;
+    texts.whenAsked = [&](const QString &key) {
+        if (key == successText)
+            toldUnderTheCursor = hasWaitCursor();
+    };
     user.inFileDialog([&](QFileDialog &dialog) {
         waited = hasWaitCursor();
         modeDialogWasClosed = !scene.page.m_pExportWidget->isVisible();
@@ -943,6 +1044,7 @@ void TestExport::confirmedPdfIsWrittenUnderAWaitCursor()
     });
     QVERIFY(user.exports(scene));
     QVERIFY(waited);
+    QVERIFY(toldUnderTheCursor);
     QVERIFY(modeDialogWasClosed);
     QVERIFY(!QGuiApplication::overrideCursor());
     QCOMPARE(filesIn(directory), QStringList({"report.pdf"}));

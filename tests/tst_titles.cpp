@@ -43,6 +43,7 @@ private Q_SLOTS:
     void totalFollowsThePane_data();
     void totalFollowsThePane();
     void totalIsPlacedAnewByEachResize();
+    void resizeOfThePagePlacesTheTotalByItself();
     void totalLabelFitsItsText();
     void totalFollowsTheLanguage();
     void pageButtonsComeAndGo_data();
@@ -468,6 +469,22 @@ void TitlesTest::totalIsPlacedAnewByEachResize()
         QCOMPARE(html, stage.page.labelPiecount->text());
         QVERIFY(pane.width() > 300);
     }
+}
+
+// The chart follows its view as well; without it the page must do.
+void TitlesTest::resizeOfThePagePlacesTheTotalByItself()
+{
+    ChartStage stage(1, ChartStage::OnScreen);
+    stage.page.pieDataList = {{"fire", 3}};
+    stage.load();
+    stage.page.pieChartView->chart()->disconnect(&stage.page);
+    stage.page.labelPiecount->setText("before");
+    stage.page.labelPiecount->move(0, 0);
+    stage.page.resize(1700, 900);
+    const QSize pane = stage.page.part<QWidget>("widgetPie")->size();
+    const int scale = (pane.width() + pane.height()) / 100;
+    QCOMPARE(stage.page.labelPiecount->text(), totalHtml(scale / 2 + 9, scale + 9, "3"));
+    QCOMPARE(stage.page.labelPiecount->y(), static_cast<int>(0.28 * pane.height()));
 }
 
 void TitlesTest::totalLabelFitsItsText()
