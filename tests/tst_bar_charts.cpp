@@ -27,6 +27,9 @@ private Q_SLOTS:
     void twoSetsSideBySide_data();
     void twoSetsSideBySide();
     void barsOfBothSetsKnowTheirPositionAndTheFirstListsLabel();
+    void barsOfAnEarlierChartKeepWhatTheyKnow();
+    void labelsTurnWhereTheyHaveNoRoom_data();
+    void labelsTurnWhereTheyHaveNoRoom();
     void secondListsLabelsAreNotUsed();
     void emptySecondListLeavesTheSecondSetEmpty();
     void longerSecondListIsSurvived();
@@ -309,6 +312,63 @@ void BarChartsTest::barsOfBothSetsKnowTheirPositionAndTheFirstListsLabel()
     }
 }
 
+void BarChartsTest::barsOfAnEarlierChartKeepWhatTheyKnow()
+{
+    ChartStage stage(9);
+    stage.page.barDataList = {{"North", 30}, {"South", 7}};
+    stage.page.barDataList2 = {{"North", 3}, {"South", 4}};
+    const OwnedChart earlier(stage.page.createDualBarChart());
+    const UserData *known = userData(sets(earlier.get()).at(1), 1);
+    stage.page.barDataList = {{"East", 1}};
+    stage.page.barDataList2 = {{"East", 2}};
+    const OwnedChart later(stage.page.createDualBarChart());
+    QCOMPARE(userData(sets(earlier.get()).at(1), 1), known);
+    QCOMPARE(known->index, 1);
+    QCOMPARE(known->label, QStringLiteral("South"));
+}
+
+void BarChartsTest::labelsTurnWhereTheyHaveNoRoom_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("upright");
+    QTest::addColumn<bool>("lessened");
+    QTest::newRow("few short names stay level in the usual font") << 3 << 4 << false << false;
+    QTest::newRow("names that just do not fit are lessened") << 10 << 11 << false << true;
+    QTest::newRow("many names stand upright") << 30 << 9 << true << false;
+    QTest::newRow("a crowd stands upright in a lessened font") << 100 << 9 << true << true;
+    QTest::newRow("endless names of few bars stay level, where they keep more") << 2 << 300 << false << true;
+}
+
+void BarChartsTest::labelsTurnWhereTheyHaveNoRoom()
+{
+    QFETCH(int, count);
+    QFETCH(int, length);
+    QFETCH(bool, upright);
+    QFETCH(bool, lessened);
+    ChartStage stage(1);
+    for (int i = 0; i < count; ++i)
+        stage.page.barDataList.append({QString(length, QLatin1Char('n')) + QString::number(i), 5});
+    QChartView view(stage.page.createBarChart());
+    const int usual = QFontInfo(categoryAxis(view.chart())->labelsFont()).pixelSize();
+    view.resize(1000, 250);
+    view.show();
+    QCoreApplication::processEvents();
+    const QBarCategoryAxis *axis = categoryAxis(view.chart());
+    const int pixels = QFontInfo(axis->labelsFont()).pixelSize();
+    QCOMPARE(axis->labelsAngle(), upright ? -90 : 0);
+    QVERIFY2((pixels < usual) == lessened, qPrintable(QString::number(pixels)));
+    QVERIFY2(pixels >= 9, qPrintable(QString::number(pixels)));
+    if (length == 300)
+        return;
+
+    // Names that have room again stand level again.
+    view.resize(20000, 250);
+    QCoreApplication::processEvents();
+    QCOMPARE(axis->labelsAngle(), 0);
+    QCOMPARE(QFontInfo(axis->labelsFont()).pixelSize(), usual);
+}
+
 void BarChartsTest::secondListsLabelsAreNotUsed()
 {
     ChartStage stage(7);
@@ -491,6 +551,8 @@ void BarChartsTest::emptyListsGiveAnEmptyChart()
     for (QBarSet *set : sets(chart.get()))
         QCOMPARE(set->count(), 0);
     QCOMPARE(categories(chart.get()), QStringList());
+    if (sets(chart.get()).size() == 2)
+        verifyTopLegend(chart.get());
     verifyAxes(chart.get(), type <= 4 ? 100.0 : 5.0);
     verifyNoMargins(chart.get());
 }

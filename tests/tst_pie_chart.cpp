@@ -73,6 +73,13 @@ private Q_SLOTS:
     void otherKindsOnlyRebuildThePie();
     void hiddenPieKeepsItsChartWhenTheModeChanges();
     void modeChangeEndsWithLookAndOverlays();
+    void modesOnASmallPageBuildThePieOnce_data();
+    void modesOnASmallPageBuildThePieOnce();
+    void modesWithoutBarsKeepTheModes_data();
+    void modesWithoutBarsKeepTheModes();
+    void kindsWithoutAPieHaveNothingToSwitch_data();
+    void kindsWithoutAPieHaveNothingToSwitch();
+    void legendIsLessenedWhereItHasNoRoom();
     void choosingAModeByKeyboardReachesTheSlotOnce();
     void reloadAfterAModeReturnsToTheFirstItem();
 
@@ -1045,6 +1052,113 @@ void PieChartTest::modeChangeEndsWithLookAndOverlays()
         QVERIFY(!stage.page.labelPiecount->isHidden());
         QVERIFY(stage.page.labelPiecount->text().contains("<font> 10</font>"));
     }
+}
+
+void PieChartTest::modesOnASmallPageBuildThePieOnce_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("built");
+    const QSize small(1136, 500);
+    const QSize large(1136, 648);
+    const std::pair<int, int> modes[] = {{9, 0}, {9, 1}, {9, -1}, {5, 0}};
+    for (const auto &[type, index] : modes) {
+        QTest::addRow("service type %d, item %d, on a small page", type, index)
+            << type << index << small << 1;
+        QTest::addRow("service type %d, item %d, on a large page", type, index)
+            << type << index << large << 2;
+    }
+}
+
+void PieChartTest::modesOnASmallPageBuildThePieOnce()
+{
+    QFETCH(int, type);
+    QFETCH(int, index);
+    QFETCH(QSize, size);
+    QFETCH(int, built);
+    ChartStage stage(type, ChartStage::OnScreen);
+    stage.page.barDataList = {{"North", 30}};
+    stage.load();
+    stage.page.resize(size);
+    QCoreApplication::processEvents();
+    LogCapture log;
+    stage.page.slot_switchPieType(index);
+    QCOMPARE(log.count("createPieChart"), built);
+    QCOMPARE(log.count("createBarChart"), 1);
+}
+
+void PieChartTest::modesWithoutBarsKeepTheModes_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<LabelledValues>("pie");
+    QTest::newRow("by temperature") << 9 << 0 << LabelledValues{{"TK_AbnormalTemperature", 2}};
+    QTest::newRow("by mask") << 9 << 1 << LabelledValues{{"TK_MaskWeared", 8}};
+    QTest::newRow("by no mode") << 9 << -1 << LabelledValues{{"kept", 1}};
+    QTest::newRow("by etiology") << 5 << 0 << LabelledValues{{"6", 6}};
+}
+
+void PieChartTest::modesWithoutBarsKeepTheModes()
+{
+    QFETCH(int, type);
+    QFETCH(int, index);
+    ChartStage stage(type, ChartStage::OnScreen);
+    stage.load();
+    stage.page.temperatureDistribution = {{3, 2}};
+    stage.page.maskDistribution = {{1, 8}};
+    stage.page.etiologyDistribution = {{1, 6}};
+    stage.page.pieDataList = {{"kept", 1}};
+    stage.page.comboBoxPie->addItem("left over", 77);
+    LogCapture log;
+    stage.page.slot_switchPieType(index);
+    QTEST(stage.page.pieDataList, "pie");
+    QCOMPARE(sizes(pie(stage.page.pieChartView->chart())),
+        (QList<double>{double(stage.page.pieDataList.first().second)}));
+    QVERIFY(log.contains("BasicChart::loadChart  barDataList is empty"));
+    QCOMPARE(log.count("createPieChart"), 2);
+    QCOMPARE(modes(stage.page.comboBoxPie).last(), 77);
+}
+
+void PieChartTest::kindsWithoutAPieHaveNothingToSwitch_data()
+{
+    kinds({3, 4});
+}
+
+void PieChartTest::kindsWithoutAPieHaveNothingToSwitch()
+{
+    QFETCH(int, type);
+    ChartStage stage(type, ChartStage::OnScreen);
+    stage.page.barDataList = {{"North", 30}};
+    stage.page.devTypeDataList = {{"North", 1}};
+    stage.load();
+    stage.page.pieDataList = {{"kept", 1}};
+    const QChart *bar = stage.page.barChartView->chart();
+    stage.page.barChartView->setRenderHint(QPainter::Antialiasing, false);
+    LogCapture log;
+    for (const int index : {0, 1, -1})
+        stage.page.slot_switchPieType(index);
+    QCOMPARE(log.lines(), QStringList());
+    QCOMPARE(stage.page.m_chartViewList.size(), 2);
+    QCOMPARE(stage.page.barChartView->chart(), bar);
+    QVERIFY(stage.page.barChartView->renderHints().testFlag(QPainter::Antialiasing));
+    QCOMPARE(stage.page.pieDataList, (LabelledValues{{"kept", 1}}));
+    QVERIFY(stage.page.comboBoxPie->isHidden());
+}
+
+void PieChartTest::legendIsLessenedWhereItHasNoRoom()
+{
+    const int usual = QFontInfo(QChart().legend()->font()).pixelSize();
+    const auto pixels = [](int length) {
+        ChartStage stage(1, ChartStage::OnScreen);
+        stage.page.pieDataList = {{QString(length, QLatin1Char('n')), 5}};
+        stage.load();
+        return QFontInfo(stage.page.pieChartView->chart()->legend()->font()).pixelSize();
+    };
+    QCOMPARE(pixels(2), usual);
+    const int lessened = pixels(15);
+    QVERIFY2(lessened < usual && lessened > 9, qPrintable(QString::number(lessened)));
+    QCOMPARE(pixels(40), 9);
 }
 
 void PieChartTest::choosingAModeByKeyboardReachesTheSlotOnce()
