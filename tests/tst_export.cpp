@@ -616,8 +616,9 @@ void TestExport::theWindowSystemsCloseIsAnsweredOnce()
     for (int time = 1; time <= 2; ++time) {
         dialog.showZrDialog();
         QCloseEvent close;
+        // Sent in the usual way, an event comes from the program itself.
         QSpontaneKeyEvent::setSpontaneous(&close);
-        QCoreApplication::sendEvent(&dialog, &close);
+        qApp->notify(&dialog, &close);
         QCOMPARE(answers, QList<int>(time, 0));
         QVERIFY(!dialog.isVisible());
     }
