@@ -319,8 +319,8 @@ void BarChartsTest::barsOfAnEarlierChartKeepWhatTheyKnow()
     stage.page.barDataList2 = {{"North", 3}, {"South", 4}};
     const OwnedChart earlier(stage.page.createDualBarChart());
     const UserData *known = userData(sets(earlier.get()).at(1), 1);
-    stage.page.barDataList = {{"East", 1}};
-    stage.page.barDataList2 = {{"East", 2}};
+    stage.page.barDataList = {{"East", 1}, {"West", 2}};
+    stage.page.barDataList2 = {{"East", 3}, {"West", 5}};
     const OwnedChart later(stage.page.createDualBarChart());
     QCOMPARE(userData(sets(earlier.get()).at(1), 1), known);
     QCOMPARE(known->index, 1);
