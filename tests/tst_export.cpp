@@ -1046,6 +1046,8 @@ void TestExport::confirmedPdfIsWrittenUnderAWaitCursor()
     QVERIFY(user.exports(scene));
     QVERIFY(waited);
     QVERIFY(toldUnderTheCursor);
+    QVERIFY(texts.asked.contains(QStringLiteral("TK_SaveImportResult 1")));
+    QVERIFY(texts.asked.contains(QStringLiteral("TK_ExportSuccess 1")));
     QVERIFY(modeDialogWasClosed);
     QVERIFY(!QGuiApplication::overrideCursor());
     QCOMPARE(filesIn(directory), QStringList({"report.pdf"}));

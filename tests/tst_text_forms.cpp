@@ -4,8 +4,12 @@
 
 #include <export/TempResultExportWidget.h>
 #include <plugin/DataStaticsWidget.h>
+#include <TalvixWidgets/ZrComboBoxWithTree.h>
+#include <TalvixWidgets/ZrTreeView.h>
 
 #include <QtWidgets/QLabel>
+
+#include <utility>
 
 /// In which form each place asks for its text: sentences (1), short texts of buttons (2), texts of tabs (3).
 class TestTextForms : public QObject
@@ -25,6 +29,7 @@ private Q_SLOTS:
     void classesAreSentences();
     void outcomesAreSentences_data();
     void outcomesAreSentences();
+    void aMissingOrganisationIsASentence();
     void limitsAreSentences_data();
     void limitsAreSentences();
     void largeTotalsAskForTheWordOfTheMillion();
@@ -266,6 +271,24 @@ void TestTextForms::outcomesAreSentences()
         : type == 9                                   ? QStringList({none})
                                                       : QStringList();
     QCOMPARE(tips, wanted);
+}
+
+void TestTextForms::aMissingOrganisationIsASentence()
+{
+    PageScene scene;
+    ProbePage page(1);
+    showPage(page);
+    TextRecorder texts;
+    ZrTreeView noCurrentItem;
+    ZrTreeView *const tree = std::exchange(organisationCombo(page)->m_pTreeView, &noCurrentItem);
+    page.slotSearch();
+    organisationCombo(page)->m_pTreeView = tree;
+    QCOMPARE(texts.asked, QStringList({"TK_orgNotExist 1"}));
+
+    texts.asked.clear();
+    scene.client.clearTree();
+    QVERIFY(!page.slotOrgaInfoLoad());
+    QCOMPARE(texts.asked, QStringList({"TK_orgNotExist 1"}));
 }
 
 void TestTextForms::limitsAreSentences_data()
