@@ -12,6 +12,7 @@ option(TALVIX_BUILD_DEVHOST "Build the development host" ${talvix_standalone})
 option(TALVIX_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 option(TALVIX_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
 option(TALVIX_COVERAGE "Build with coverage counters" OFF)
+option(TALVIX_BUILD_FUZZERS "Build the fuzz targets; needs clang and the tests" OFF)
 
 if(TALVIX_SDK_DIR AND (TALVIX_BUILD_TESTS OR TALVIX_BUILD_DEVHOST))
     message(STATUS "A host's SDK is given: tests and development host are left out")

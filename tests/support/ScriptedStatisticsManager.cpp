@@ -157,3 +157,27 @@ bool ScriptedStatisticsManager::getTrafficsStatisticsOfOrga(
 {
     return run("getTrafficsStatisticsOfOrga", trafficsStatisticsOfOrga, request, response);
 }
+
+void forgetRequests(ScriptedStatisticsManager &manager)
+{
+    manager.calls.clear();
+    manager.alarmStatisticsOfOrgas.requests.clear();
+    manager.alarmStatisticsOfOrga.requests.clear();
+    manager.alarmStatisticsOfDevices.requests.clear();
+    manager.alarmStatisticsOfDevice.requests.clear();
+    manager.onlineStatisticsOfOrgas.requests.clear();
+    manager.onlineStatisticsOfOrga.requests.clear();
+    manager.onlineStatisticsOfDevices.requests.clear();
+    manager.onlineStatisticsOfDevice.requests.clear();
+    manager.temperatureStatisticsOfGroups.requests.clear();
+    manager.temperatureStatisticsOfGroup.requests.clear();
+    manager.temperatureStatisticsOfPersons.requests.clear();
+    manager.temperatureStatisticsOfPerson.requests.clear();
+    manager.tempStatisticsDistributionOfGroups.requests.clear();
+    manager.temperatureOfDevice.requests.clear();
+    manager.tempAlarmHandleStatistics.requests.clear();
+    manager.snapSamplesResource.requests.clear();
+    manager.snapDetailSamples.requests.clear();
+    manager.trafficsStatisticsOfOrgas.requests.clear();
+    manager.trafficsStatisticsOfOrga.requests.clear();
+}

@@ -140,3 +140,6 @@ private:
     QString failure;
     QMap<QString, QString> failures;
 };
+
+/// Drops what the manager was asked so far; its answers stay.
+void forgetRequests(ScriptedStatisticsManager &manager);
