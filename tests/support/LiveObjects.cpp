@@ -8,6 +8,8 @@
 #include <QtCore/QThread>
 #include <QtWidgets/QGesture>
 
+#include <cstddef>
+
 #if defined(__SANITIZE_ADDRESS__)
 #define TALVIX_ADDRESS_SANITIZER
 #elif defined(__has_feature)
@@ -16,7 +18,8 @@
 #endif
 #endif
 #if defined(TALVIX_ADDRESS_SANITIZER)
-#include <sanitizer/allocator_interface.h>
+// Its header does not come with every compiler.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #elif defined(__GLIBC__)
 #include <malloc.h>
 #endif
