@@ -53,6 +53,7 @@ int readLines(const QByteArray &content)
             ++taken;
         } catch (const devdata::WrongLine &) { }
     }
+    return taken;
 }
 
 void importFile(EventStore &store, const QString &file, bool skipBadLines)
