@@ -424,7 +424,8 @@ QStringList complaintsOf(const LogCapture &log)
 
 } // namespace
 
-/// A user at random. TALVIX_MONKEY_SEED and TALVIX_MONKEY_EVENTS set what he does and for how long.
+/// A user at random. TALVIX_MONKEY_SEED and TALVIX_MONKEY_EVENTS set what he does and for how long; runs of
+/// more than five minutes need a QTEST_FUNCTION_TIMEOUT as well.
 class MonkeyTest : public QObject
 {
     Q_OBJECT

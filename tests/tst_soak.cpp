@@ -22,7 +22,7 @@ constexpr int reloadsUntilWarm = 60;
 // A leak of the smallest object would be 32 bytes a cycle; what hash tables and caches sway by is levelled by
 // a few blocks that do not grow with the number of cycles.
 constexpr qint64 bytesPerCycle = 16;
-constexpr qint64 bytesOfSway = 64 * 1024;
+constexpr qint64 bytesOfSway = 16 * 1024;
 
 int setting(const char *variable, int otherwise)
 {
@@ -124,7 +124,8 @@ private Q_SLOTS:
     {
         if (!LiveObjects::watch())
             QSKIP("This Qt does not tell of its objects.");
-        // Styles keep the pictures of their buttons until megabytes of them are full: no leak, but in its way.
+        // Styles keep the pictures of their buttons until megabytes of them are full: no leak, but in its
+        // way.
         QPixmapCache::setCacheLimit(0);
         scene = std::make_unique<PageScene>();
     }
