@@ -46,10 +46,10 @@ private:
     FuzzedDataProvider &m_data;
 };
 
-class Session
+class Visit
 {
 public:
-    explicit Session(FuzzedDataProvider &data)
+    explicit Visit(FuzzedDataProvider &data)
         : m_data(data)
         , m_answers(data)
         , m_scene(data.ConsumeIntegralInRange(0, 10))
@@ -250,8 +250,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     FuzzedDataProvider data(bytes, size);
     {
-        Session session(data);
-        session.run();
+        Visit visit(data);
+        visit.run();
     }
     HostSettings::setLanguage({});
     Fuzz::settle();

@@ -26,10 +26,10 @@ LabelledValues otherValues(FuzzedDataProvider &data, LabelledValues list)
     return list;
 }
 
-class Session
+class Visit
 {
 public:
-    Session(FuzzedDataProvider &data, ChartStage &stage)
+    Visit(FuzzedDataProvider &data, ChartStage &stage)
         : m_data(data)
         , m_page(stage.page)
         , m_row(BasicChart::ServiceTypeRow::of(stage.page.m_serviceType))
@@ -128,7 +128,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
     const auto kind = data.ConsumeIntegralInRange<std::size_t>(0, std::size(kinds) - 1);
     if (!stages[kind])
         stages[kind] = new ChartStage(kinds[kind]);
-    Session(data, *stages[kind]).run();
+    Visit(data, *stages[kind]).run();
     stages[kind]->page.tips.clear();
     Fuzz::settle();
     return 0;

@@ -45,10 +45,10 @@ void readSpan(FuzzedDataProvider &data)
     } catch (const devdata::StoreError &) { }
 }
 
-class Session
+class Visit
 {
 public:
-    explicit Session(FuzzedDataProvider &data)
+    explicit Visit(FuzzedDataProvider &data)
         : m_data(data)
     { }
 
@@ -136,9 +136,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
 {
     static ChartStage *const stage = new ChartStage(1);
     FuzzedDataProvider data(bytes, size);
-    Session session(data);
+    Visit visit(data);
     for (int i = 0; i < mostActions && data.remaining_bytes() > 0; ++i)
-        session.act(stage->page);
+        visit.act(stage->page);
     HostSettings::setDateOrder(HostSettings::DateOrder::YearFirst);
     stage->page.m_nTimeType = ZrCalendarWidget::Hour;
     stage->page.m_pCalendarWidget->setType(ZrCalendarWidget::Hour);
