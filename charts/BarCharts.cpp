@@ -167,7 +167,7 @@ void BasicChart::showBars(QChart &chart, QAbstractBarSeries *series)
     QBarCategoryAxis *axisX = ChartLook::categoryAxis(listKeys(barDataList));
     chart.createDefaultAxes();
     ChartLook::setAxisX(chart, axisX, series);
-    ChartLook::keepLabelsReadable(chart, axisX);
     const int maximum = getMaxValue(listValues(barDataList) + listValues(barDataList2));
     ChartLook::setAxisY(chart, ChartLook::valueAxis(axisBound(serviceType().axisRule, maximum)), series);
+    ChartLook::keepLabelsReadable(chart, axisX, barChartView);
 }

@@ -2,6 +2,7 @@
 #include "page/ServiceTypes.h"
 #include "page/Texts.h"
 
+#include "ChartLook.h"
 #include "ui_BasicChart.h"
 
 #include <TalvixWidgets/ZrChartView.h>
@@ -32,6 +33,7 @@ constexpr QRgb windowTextColour = 0xD6D6D6;
 void BasicChart::loadChart()
 {
     qDebug() << "BasicChart::loadChart";
+    const ChartLook::HeldPainting hold(m_chartViewList);
     if (!barDataList.isEmpty())
         m_strSelectedBar = barDataList.constFirst().first;
     if (m_chartViewList.isEmpty()) {
@@ -175,14 +177,12 @@ void BasicChart::replaceChart(int view, QChart *(BasicChart::*builder)())
         return;
     ZrChartView *chartView = m_chartViewList.at(view);
     chartView->chart()->deleteLater();
-    QChart *chart = (this->*builder)();
-    // At its final size from the start, the chart is laid out once.
-    chart->resize(chartView->size());
-    chartView->setChart(chart);
+    ChartLook::showLaidOut(*chartView, (this->*builder)());
 }
 
 void BasicChart::reloadLineAndPieChart()
 {
+    const ChartLook::HeldPainting hold(m_chartViewList);
     replaceChart(LineView, &BasicChart::lineChart);
     if (!serviceType().pieless)
         replaceChart(PieView, &BasicChart::createPieChart);
@@ -191,6 +191,7 @@ void BasicChart::reloadLineAndPieChart()
 
 void BasicChart::reloadPieChart()
 {
+    const ChartLook::HeldPainting hold(m_chartViewList);
     if (ui->widgetPie->isVisible())
         replaceChart(PieView, &BasicChart::createPieChart);
     finishChartChange();
@@ -207,8 +208,7 @@ void BasicChart::setChartRenderHint(bool on)
 {
     for (ZrChartView *view : std::as_const(m_chartViewList)) {
         view->setRenderHint(QPainter::Antialiasing, on);
-        view->chart()->setAnimationOptions(QChart::SeriesAnimations);
-        view->chart()->setBackgroundBrush(QBrush(Qt::transparent));
+        ChartLook::setRenderLook(*view->chart());
     }
 }
 

@@ -1,18 +1,23 @@
 #include "ChartLook.h"
 
 #include <TalvixWidgets/QssFormatHelper.h>
+#include <TalvixWidgets/ZrChartView.h>
 
 #include <QtCharts/QBarCategoryAxis>
 #include <QtCharts/QChart>
 #include <QtCharts/QLegend>
 #include <QtCharts/QLegendMarker>
 #include <QtCharts/QValueAxis>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QHash>
 #include <QtCore/QSet>
 #include <QtGui/QFontInfo>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPen>
+#include <QtGui/QTextDocument>
 #include <QtWidgets/QGraphicsLayout>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsTextItem>
 
 #include <algorithm>
 #include <cmath>
@@ -28,10 +33,17 @@ constexpr int ticks = 6;
 constexpr QChar invisibleMark(0x200B);
 // What the axis itself keeps free around a label before it shortens it.
 constexpr double gapBetweenLabels = 20;
+// What the axis keeps free beside the labels of values.
+constexpr double gapBesideValues = 8.5;
 constexpr int uprightAngle = -90;
 // Labels get about this much of the chart's height at the most.
 constexpr double labelShare = 0.37;
 constexpr int smallestLabelPixels = 9;
+// In less room for each label the axis draws none at all.
+constexpr double smallestRoom = 2;
+// What the axis adds to the text of a label, within it and around it.
+constexpr double labelMargin = 0.5;
+constexpr double gapAroundLabels = 5;
 // A legend beside a chart gets no more of its width than this.
 constexpr double legendShare = 0.4;
 constexpr double legendMarkerInLines = 2.2;
@@ -55,12 +67,21 @@ QStringList distinctLabels(const QStringList &labels)
     return distinct;
 }
 
-double widestText(const QStringList &texts, const QFont &font)
+struct WidestText
+{
+    QString text;
+    double width = 0;
+};
+
+WidestText widestText(const QStringList &texts, const QFont &font)
 {
     const QFontMetricsF metrics(font);
-    double widest = 0;
-    for (const QString &text : texts)
-        widest = std::max(widest, metrics.horizontalAdvance(text));
+    WidestText widest;
+    for (const QString &text : texts) {
+        const double width = metrics.horizontalAdvance(text);
+        if (width > widest.width)
+            widest = {text, width};
+    }
     return widest;
 }
 
@@ -85,6 +106,107 @@ LabelPlace placeLabels(double widest, const QFont &font, double room, double cha
     const bool levelKeepsMore = upright < smallestLabelPixels && room > height;
     return {levelKeepsMore ? 0 : uprightAngle, std::max(smallestLabelPixels, upright)};
 }
+
+// Height of the axis with this text standing upright, measured as the axis measures.
+double axisHeight(const QString &label, const QFont &font)
+{
+    QGraphicsTextItem item;
+    item.document()->setDocumentMargin(labelMargin);
+    item.setFont(font);
+    item.setHtml(label);
+    return item.boundingRect().width() + gapAroundLabels;
+}
+
+// The item by which a chart lays its category axis out. That of a replaced axis is still there, hidden.
+QGraphicsLayoutItem *layoutItem(const QChart &chart)
+{
+    const auto items = chart.childItems();
+    for (QGraphicsItem *item : items) {
+        const QGraphicsObject *object = item->toGraphicsObject();
+        if (object && object->isVisible()
+            && object->metaObject()->className() == QByteArrayView("ChartBarCategoryAxisX"))
+            return dynamic_cast<QGraphicsLayoutItem *>(item);
+    }
+    return nullptr;
+}
+
+// Keeps the labels of one category axis readable.
+class LabelKeeper
+{
+public:
+    LabelKeeper(QChart &chart, QBarCategoryAxis &axis)
+        : m_chart(&chart)
+        , m_axis(&axis)
+        , m_usual(axis.labelsFont())
+        , m_widest(widestText(axis.categories(), m_usual))
+    { }
+
+    void place(QSizeF chartSize, double plotWidth) const
+    {
+        if (m_widest.width <= 0 || chartSize.isEmpty())
+            return;
+        const double room = plotWidth / m_axis->count();
+        const LabelPlace place = placeLabels(m_widest.width, m_usual, room, chartSize.height());
+        if (place.angle != m_axis->labelsAngle()
+            || place.pixels != QFontInfo(m_axis->labelsFont()).pixelSize()) {
+            QFont font = m_usual;
+            font.setPixelSize(place.pixels);
+            m_axis->setLabelsFont(font);
+            m_axis->setLabelsAngle(place.angle);
+        }
+        showLabels(room >= smallestRoom);
+    }
+
+private:
+    // An axis draws none of its labels where they are too many, yet measures them all to know its height. It
+    // is told the height instead, which is that of the widest.
+    void showLabels(bool shown) const
+    {
+        if (shown == m_axis->labelsVisible())
+            return;
+        m_axis->setLabelsVisible(shown);
+        if (QGraphicsLayoutItem *item = layoutItem(*m_chart))
+            item->setPreferredHeight(shown ? -1 : axisHeight(m_widest.text, m_axis->labelsFont()));
+    }
+
+    QChart *m_chart;
+    QBarCategoryAxis *m_axis;
+    QFont m_usual;
+    WidestText m_widest;
+};
+
+// What the plot will have of the chart's width, closely enough to choose the labels' font before the chart is
+// laid out: all but the labels of the value axis.
+double expectedPlotWidth(const QChart &chart, QSizeF chartSize)
+{
+    double labels = 0;
+    const auto axes = chart.axes(Qt::Vertical);
+    for (const QAbstractAxis *axis : axes) {
+        if (const auto *values = qobject_cast<const QValueAxis *>(axis)) {
+            const QString largest = QString::number(static_cast<qint64>(values->max()));
+            labels += QFontMetricsF(values->labelsFont()).horizontalAdvance(largest) + gapBesideValues;
+        }
+    }
+    return chartSize.width() - labels;
+}
+
+// A scene hands its changes to its view by calls that it posts to itself, and each has the window painted.
+void deliverCalls(const QChartView &view)
+{
+    QCoreApplication::sendPostedEvents(view.scene(), QEvent::MetaCall);
+}
+
+// A chart lays itself out whenever its size changes. While this lives it only takes the size.
+class HeldLayout : public QObject
+{
+public:
+    explicit HeldLayout(QChart &chart) { chart.installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        return event->type() == QEvent::GraphicsSceneResize;
+    }
+};
 
 } // namespace
 
@@ -158,47 +280,81 @@ void showLegend(QChart &chart, Qt::Alignment alignment)
     legend->setVisible(true);
 }
 
-void keepLabelsReadable(QChart &chart, QBarCategoryAxis *axis)
+void keepLabelsReadable(QChart &chart, QBarCategoryAxis *axis, const ZrChartView *view)
 {
-    const int count = axis->count();
-    const QFont usual = axis->labelsFont();
-    const double widest = widestText(axis->categories(), usual);
-    if (widest <= 0)
-        return;
-    QObject::connect(&chart, &QChart::plotAreaChanged, axis, [=, &chart](const QRectF &plot) {
-        const LabelPlace place = placeLabels(widest, usual, plot.width() / count, chart.size().height());
-        if (place.angle == axis->labelsAngle() && place.pixels == QFontInfo(axis->labelsFont()).pixelSize())
-            return;
-        QFont font = usual;
-        font.setPixelSize(place.pixels);
-        axis->setLabelsFont(font);
-        axis->setLabelsAngle(place.angle);
-    });
+    const LabelKeeper keeper(chart, *axis);
+    if (view)
+        keeper.place(view->size(), expectedPlotWidth(chart, view->size()));
+    QObject::connect(&chart, &QChart::plotAreaChanged, axis,
+        [keeper, &chart](const QRectF &plot) { keeper.place(chart.size(), plot.width()); });
 }
 
-void keepLegendReadable(QChart &chart)
+void keepLegendReadable(QChart &chart, const ZrChartView *view)
 {
     QStringList texts;
     const auto markers = chart.legend()->markers();
     for (const QLegendMarker *marker : markers)
         texts.append(marker->label());
-    const QFont usual = chart.legend()->font();
-    const int usualPixels = QFontInfo(usual).pixelSize();
-    const double widest = widestText(texts, usual) + legendMarkerInLines * QFontMetricsF(usual).height();
     QLegend *legend = chart.legend();
-    QObject::connect(&chart, &QGraphicsWidget::geometryChanged, legend, [=, &chart] {
-        const double share = std::min(1.0, chart.size().width() * legendShare / widest);
+    const QFont usual = legend->font();
+    const double widest =
+        widestText(texts, usual).width + legendMarkerInLines * QFontMetricsF(usual).height();
+    const auto fit = [=](QSizeF chartSize) {
+        const double share = std::min(1.0, chartSize.width() * legendShare / widest);
         QFont font = usual;
-        font.setPixelSize(std::max(smallestLabelPixels, static_cast<int>(usualPixels * share)));
+        font.setPixelSize(
+            std::max(smallestLabelPixels, static_cast<int>(QFontInfo(usual).pixelSize() * share)));
         if (font.pixelSize() != QFontInfo(legend->font()).pixelSize())
             legend->setFont(font);
-    });
+    };
+    if (view)
+        fit(view->size());
+    QObject::connect(&chart, &QGraphicsWidget::geometryChanged, legend, [=, &chart] { fit(chart.size()); });
 }
 
 void removeMargins(QChart &chart)
 {
     chart.layout()->setContentsMargins(0, 0, 0, 0);
     chart.setMargins(QMargins());
+}
+
+void setRenderLook(QChart &chart)
+{
+    chart.setAnimationOptions(QChart::SeriesAnimations);
+    const QBrush transparent(Qt::transparent);
+    if (chart.backgroundBrush() != transparent)
+        chart.setBackgroundBrush(transparent);
+}
+
+void showLaidOut(QChartView &view, QChart *chart)
+{
+    setRenderLook(*chart);
+    {
+        const HeldLayout hold(*chart);
+        view.setChart(chart);
+        // By these calls the scene tells its new items that they are on show, which asks for a layout as
+        // well.
+        deliverCalls(view);
+    }
+    chart->layout()->activate();
+}
+
+HeldPainting::HeldPainting(const QList<ZrChartView *> &views)
+{
+    for (ZrChartView *view : views) {
+        if (!view->testAttribute(Qt::WA_UpdatesDisabled)) {
+            view->setUpdatesEnabled(false);
+            m_views.append(view);
+        }
+    }
+}
+
+HeldPainting::~HeldPainting()
+{
+    for (QChartView *view : std::as_const(m_views))
+        deliverCalls(*view);
+    for (QChartView *view : std::as_const(m_views))
+        view->setUpdatesEnabled(true);
 }
 
 } // namespace ChartLook

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QStringList>
 #include <QtGui/QColor>
 
@@ -9,9 +10,12 @@ class QAbstractSeries;
 class QBarCategoryAxis;
 class QBrush;
 class QChart;
+class QChartView;
 class QPen;
 class QValueAxis;
 QT_END_NAMESPACE
+
+class ZrChartView;
 
 /// The look that all charts share.
 namespace ChartLook {
@@ -36,12 +40,29 @@ void setAxisY(QChart &chart, QAbstractAxis *axis, QAbstractSeries *series);
 void removeAxisX(QChart &chart);
 
 void showLegend(QChart &chart, Qt::Alignment alignment);
-/// Turns the labels of the axis where they have no room side by side, for as long as the chart lives.
-void keepLabelsReadable(QChart &chart, QBarCategoryAxis *axis);
-/// Lessens the font of the legend where its texts have no room beside the chart, for as long as the chart
-/// lives.
-void keepLegendReadable(QChart &chart);
+/// Lessens or turns the labels of the axis where they have no room side by side, for as long as the chart
+/// lives. A chart that is meant for \a view starts with labels that fit there, and so is laid out once; there
+/// is none before the first load.
+void keepLabelsReadable(QChart &chart, QBarCategoryAxis *axis, const ZrChartView *view);
+/// Lessens the font of the legend where its texts have no room beside the chart, likewise.
+void keepLegendReadable(QChart &chart, const ZrChartView *view);
 /// The chart uses all of its view.
 void removeMargins(QChart &chart);
+/// Series grow into their place, and what lies behind the chart shows through.
+void setRenderLook(QChart &chart);
+/// Puts a new chart into its view, laid out once and for all.
+void showLaidOut(QChartView &view, QChart *chart);
+
+/// Keeps views from painting while it lives, so that they paint once what came of all changes.
+class HeldPainting
+{
+public:
+    explicit HeldPainting(const QList<ZrChartView *> &views);
+    ~HeldPainting();
+    Q_DISABLE_COPY(HeldPainting)
+
+private:
+    QList<ZrChartView *> m_views;
+};
 
 } // namespace ChartLook

@@ -91,10 +91,10 @@ void BasicChart::showLines(QChart &chart, const QList<QLineSeries *> &lines, con
     chart.createDefaultAxes();
     for (QLineSeries *line : lines)
         ChartLook::setAxisX(chart, axisX, line);
-    ChartLook::keepLabelsReadable(chart, axisX);
     QValueAxis *axisY = ChartLook::valueAxis(axisBound(serviceType().axisRule, getMaxValue(values)));
     for (QLineSeries *line : lines)
         ChartLook::setAxisY(chart, axisY, line);
+    ChartLook::keepLabelsReadable(chart, axisX, lineChartView);
     chart.legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
     ChartLook::showLegend(chart, Qt::AlignTop);
     ChartLook::removeMargins(chart);

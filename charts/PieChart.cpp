@@ -101,7 +101,7 @@ QChart *BasicChart::createPieChart()
     chart->legend()->setMarkerShape(QLegend::MarkerShapeCircle);
     ChartLook::showLegend(*chart, Qt::AlignRight);
     chart->legend()->setBackgroundVisible(false);
-    ChartLook::keepLegendReadable(*chart);
+    ChartLook::keepLegendReadable(*chart, pieChartView);
     // The pane may get its size after the chart; the total in its middle follows.
     connect(chart, &QGraphicsWidget::geometryChanged, this, [this] {
         if (labelPiecount && !labelPiecount->isHidden())
