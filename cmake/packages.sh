@@ -18,6 +18,9 @@ readonly test_packages=(
 readonly coverage_packages=(
     gcovr
 )
+readonly bench_packages=(
+    libbenchmark-dev valgrind
+)
 readonly static_packages=(
     clang-tidy clazy cppcheck
 )

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <page/LabelledValues.h>
+
+#include <QtCharts/QChartView>
+#include <QtCore/QStringList>
+#include <QtWidgets/QWidget>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+struct UserData;
+
+/// What three charts show, ready to be drawn.
+struct ChartFigures
+{
+    bool dual = false;     ///< two sets of bars and two lines, as traffic has them
+    QString lineName;      ///< legend of a single line
+    QStringList lineNames; ///< legends of two lines
+    LabelledValues bars;
+    LabelledValues bars2;
+    LabelledValues line;
+    LabelledValues line2;
+    LabelledValues pie;
+};
+
+/// The floor of all comparisons: bare Qt Charts in bare views, by the recipe of the page's charts and in its
+/// order, the way in which it is written down when nothing is done for speed. It gives the same pictures.
+class FloorCharts : public QWidget
+{
+public:
+    using Views = std::array<QChartView *, 3>;
+
+    /// Views with the geometries that the page's views have in their window of \a windowSize.
+    FloorCharts(QSize windowSize, const std::array<QRect, 3> &places);
+    ~FloorCharts() override;
+
+    /// Replaces all three charts.
+    void reload(const ChartFigures &figures);
+    /// Replaces line and pie alone, as a drill-down does.
+    void reloadLineAndPie(const ChartFigures &figures);
+
+    const Views &views() const { return m_views; }
+
+private:
+    void show(QChartView *view, QChart *chart);
+    void finish();
+
+    Views m_views;
+    std::vector<std::unique_ptr<UserData>> m_barItems;
+};
