@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
 # Counts the instructions of a page's reload and of its floor, prints their ratios and fails above bench/limits.txt.
-# --short: without the rows of more than 1,000 bars. --build DIR: where the benchmarks are built (build/bench).
+# --short: without the rows of more than 1,000 bars. --build DIR: where the benchmarks were built; otherwise it builds what
+# it needs in build/bench.
 set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
-build=$root/build/bench
+build=
 most_bars=1000000
 while [[ $# -gt 0 ]]; do
     case $1 in
@@ -20,6 +21,13 @@ while [[ $# -gt 0 ]]; do
     esac
     shift
 done
+
+if [[ -z $build ]]; then
+    source "$root/cmake/packages.sh"
+    install_missing "${build_packages[@]}" "${run_packages[@]}" "${bench_packages[@]}"
+    (cd -- "$root" && cmake --preset bench && cmake --build build/bench --target talvix-bench-instructions) > /dev/null
+    build=$root/build/bench
+fi
 
 work=$(mktemp -d)
 trap 'rm -rf -- "$work"' EXIT

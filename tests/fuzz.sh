@@ -24,7 +24,7 @@ mkdir -p -- "$work"
 # What is found new stays in the build tree, so that another run goes on from there.
 fuzz() {
     local target=$1 seeds=$root/tests/fuzz/seeds/$1 words=$root/tests/fuzz/$1.dict
-    local options=(-max_total_time="$seconds" -timeout=10 -max_len=2048 -len_control=0 -rss_limit_mb=4096
+    local options=(-max_total_time="$seconds" -timeout=30 -max_len=2048 -len_control=0 -rss_limit_mb=4096
         -print_final_stats=1 -artifact_prefix="$work/$target-")
     [[ ! -f $words ]] || options+=(-dict="$words")
     mkdir -p -- "$work/$target"

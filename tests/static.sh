@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Static analysis of product and development host: cppcheck, clazy, and clang-tidy with clang's own warnings. The
 # checks stand in .clang-tidy and below; every finding is an error.
+# usage: tests/static.sh [PRESET THAT IS BUILT]      (dev)
 set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
@@ -8,13 +9,15 @@ source "$root/cmake/packages.sh"
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" "${static_packages[@]}"
 
 cd -- "$root"
-cmake --preset dev > /dev/null
-cmake --build build/dev > /dev/null
+preset=${1:-dev}
+cmake --preset "$preset" > /dev/null
+cmake --build "build/$preset" > /dev/null
 
-# gcc's precompiled headers are of no use to clang.
-commands=build/dev/static
+# gcc's precompiled headers and counters are of no use to clang.
+commands=build/$preset/static
 mkdir -p "$commands"
-sed 's/-Winvalid-pch -include [^ ]*cmake_pch\.hxx//' build/dev/compile_commands.json > "$commands/compile_commands.json"
+sed 's/-Winvalid-pch -include [^ ]*cmake_pch\.hxx//; s/--coverage -fprofile-abs-path//' \
+    "build/$preset/compile_commands.json" > "$commands/compile_commands.json"
 folders=(page statistics charts export plugin devhost)
 mapfile -t sources < <(git ls-files -- "${folders[@]/%//*.cpp}")
 
