@@ -32,6 +32,9 @@ keep_database_server_idle() {
     mkdir -p "${settings%/*}"
     echo "create_main_cluster = false" > "$settings"
 }
+readonly mutation_packages=(
+    python3 python3-clang-14
+)
 
 # Installs those of the named packages that are missing. Where it may not, it says what is missing and goes on:
 # the build tells best whether that matters.
