@@ -127,10 +127,12 @@ private Q_SLOTS:
     void crowdedLabelsGetTheLargestFontThatFitsLevel();
     void labelsWithoutRoomStandUprightInTheLargestFontThatFits_data();
     void labelsWithoutRoomStandUprightInTheLargestFontThatFits();
+    void labelsThatFitUprightStandEvenInWidePlaces();
     void uprightLabelsStayLegible();
     void namesThatFitNeitherWayStayLevel();
     void namesThatFitNeitherWayStandWhereHeightKeepsMore();
     void labelsFollowTheSize();
+    void axisWithoutTextsIsLeftAlone_data();
     void axisWithoutTextsIsLeftAlone();
     void legendGetsTheLargestFontThatFits_data();
     void legendGetsTheLargestFontThatFits();
@@ -150,7 +152,7 @@ void ChartLookTest::labelsWithRoomStayAsTheyAre()
 void ChartLookTest::crowdedLabelsGetTheLargestFontThatFitsLevel_data()
 {
     QTest::addColumn<int>("width");
-    for (int width = 650; width <= 800; width += 15)
+    for (int width = 580; width <= 740; width += 10)
         QTest::addRow("%d pixels wide", width) << width;
 }
 
@@ -189,6 +191,18 @@ void ChartLookTest::labelsWithoutRoomStandUprightInTheLargestFontThatFits()
     QVERIFY(stage.pixels() >= smallest);
     QVERIFY(stage.pixels() == smallest || stage.fitsUpright(stage.pixels()));
     QVERIFY(!stage.fitsUpright(stage.pixels() + 1));
+}
+
+void ChartLookTest::labelsThatFitUprightStandEvenInWidePlaces()
+{
+    BarStage stage(labels(6, 12));
+    show(stage.view, {500, 190});
+    QVERIFY(!stage.fitsLevel(smallest));
+    QVERIFY(stage.fitsUpright(smallest));
+    QVERIFY(!stage.fitsUpright(smallest + 1));
+    QVERIFY(stage.room() > stage.height());
+    QCOMPARE(stage.axis->labelsAngle(), -90);
+    QCOMPARE(stage.pixels(), smallest);
 }
 
 void ChartLookTest::uprightLabelsStayLegible()
@@ -234,9 +248,17 @@ void ChartLookTest::labelsFollowTheSize()
     QCOMPARE(stage.axis->labelsAngle(), -90);
 }
 
+void ChartLookTest::axisWithoutTextsIsLeftAlone_data()
+{
+    QTest::addColumn<QStringList>("texts");
+    QTest::newRow("no bars") << QStringList();
+    QTest::newRow("many bars of nameless devices") << QStringList(100, QString());
+}
+
 void ChartLookTest::axisWithoutTextsIsLeftAlone()
 {
-    BarStage stage({});
+    QFETCH(QStringList, texts);
+    BarStage stage(texts);
     show(stage.view, {300, 200});
     QCOMPARE(stage.axis->labelsAngle(), 0);
     QCOMPARE(stage.axis->labelsFont(), stage.usual);
@@ -245,7 +267,7 @@ void ChartLookTest::axisWithoutTextsIsLeftAlone()
 void ChartLookTest::legendGetsTheLargestFontThatFits_data()
 {
     QTest::addColumn<int>("width");
-    for (int width = 430; width <= 720; width += 29)
+    for (int width = 290; width <= 350; width += 10)
         QTest::addRow("%d pixels wide", width) << width;
 }
 
@@ -255,6 +277,7 @@ void ChartLookTest::legendGetsTheLargestFontThatFits()
     PieStage stage({QStringLiteral("Intrusion | 12.5% 3"), QStringLiteral("Short")});
     show(stage.view, {width, 300});
     QVERIFY2(stage.fits(smallest), "the row is too narrow for its purpose");
+    QVERIFY2(!stage.fits(stage.usualPixels()), "the row is too wide for its purpose");
     QVERIFY(stage.fits(stage.pixels()));
     QVERIFY(!stage.fits(stage.pixels() + 1));
 }

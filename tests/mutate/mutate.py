@@ -39,6 +39,7 @@ FOREIGN = {
     "tst_controls", "tst_csv_import", "tst_devhost", "tst_messages", "tst_sample_events", "tst_spans", "tst_store",
     "tst_store_totals", "tst_temperature_messages",
 }
+SLOW_SECONDS = 1.5
 SLACK_SECONDS = 15
 TIMEOUT_FACTOR = 5
 
@@ -325,20 +326,26 @@ def measure(jobs):
 
 
 class Hunt:
-    """Runs mutants against the tests that come to them."""
+    """Runs mutants against the tests that come to them, in portions of one program: all its quick functions at once,
+    each slow one alone."""
 
     def __init__(self, measured):
         self.reaching = collections.defaultdict(lambda: collections.defaultdict(list))
         for program, functions in measured.items():
             for function, (seconds, reached) in functions.items():
+                portion = (program, function if seconds > SLOW_SECONDS else "")
                 for number in reached:
-                    self.reaching[number][program].append((seconds, function))
+                    self.reaching[number][portion].append((seconds, function))
         self.noticed = collections.Counter()
         self.tried = collections.Counter()
+        self.memory_file = WORK / "noticed.json"
+        self.memory = json.loads(self.memory_file.read_text()) if self.memory_file.exists() else {}
 
-    def price(self, mutant, program, functions):
-        """Seconds until this program has noticed a mutant of this file, as things went so far."""
-        pair = (mutant.file, program)
+    def price(self, mutant, portion, functions):
+        """Seconds until this portion has noticed a mutant of this file, as things went so far."""
+        if self.memory.get(mutant.key()) == "/".join(portion):
+            return 0
+        pair = (mutant.file, portion)
         chance = (self.noticed[pair] + 1) / (self.tried[pair] + 2)
         return (0.2 + sum(seconds for seconds, _ in functions)) / chance
 
@@ -346,31 +353,34 @@ class Hunt:
         tests = self.reaching.get(mutant.number)
         if not tests:
             return "survived", "no test comes to it"
-        for program in sorted(tests, key=lambda name: self.price(mutant, name, tests[name])):
-            functions = sorted(tests[program])
+        for portion in sorted(tests, key=lambda name: self.price(mutant, name, tests[name])):
+            functions = sorted(tests[portion])
             limit = SLACK_SECONDS + TIMEOUT_FACTOR * sum(seconds for seconds, _ in functions)
-            how = run_test(program, [name for _, name in functions], limit, TALVIX_MUTANT=str(mutant.number))
-            self.tried[mutant.file, program] += 1
+            how = run_test(portion[0], [name for _, name in functions], limit, TALVIX_MUTANT=str(mutant.number))
+            self.tried[mutant.file, portion] += 1
             if how != "passed":
-                self.noticed[mutant.file, program] += 1
-                return "noticed", f"{program}: {how}"
+                self.noticed[mutant.file, portion] += 1
+                self.memory[mutant.key()] = "/".join(portion)
+                return "noticed", f"{portion[0]}: {how}"
         return "survived", f"{sum(map(len, tests.values()))} test functions passed"
+
+    def remember(self):
+        self.memory_file.write_text(json.dumps(self.memory))
 
 
 # The sample and what is said about it.
 
 def draw(mutants, count, seed):
-    """A fair part of all: to each file its share by size, within a file one of each kind of change in turn."""
+    """A fair part of all: of each file the same share, within a file one of each kind of change in turn."""
     def lot(mutant):
         return hashlib.sha256(f"{seed} {mutant.key()}".encode()).digest()
 
     files = collections.defaultdict(lambda: collections.defaultdict(list))
     for mutant in sorted(mutants, key=lot):
         files[mutant.file][mutant.kind].append(mutant)
-    sizes = {name: sum(1 for line in (ROOT / name).open() if line.strip()) for name in files}
     chosen = []
-    for name, kinds in sorted(files.items()):
-        share = max(1, round(count * sizes[name] / sum(sizes.values())))
+    for _, kinds in sorted(files.items()):
+        share = max(1, round(count * sum(map(len, kinds.values())) / len(mutants)))
         groups = sorted(kinds.values(), key=lambda group: lot(group[0]))
         while share and any(groups):
             for group in groups:
@@ -473,6 +483,7 @@ def main():
                 say(f"  survived: {shown(mutant)}")
             if len(results) % 50 == 0:
                 say(f"  {len(results)} after {(time.monotonic() - start) / 60:.1f} minutes")
+    hunt.remember()
     (WORK / "survived.json").write_text(json.dumps([m.key() for m, (outcome, _) in results if outcome == "survived"]))
     (WORK / "results.json").write_text(json.dumps([(shown(m), *result) for m, result in results], indent=1))
     enough = report(results, time.monotonic() - start, given.threshold)
