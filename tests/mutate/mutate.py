@@ -174,9 +174,13 @@ def weave_all(found, excluded):
     mutants, spans, first = [], {}, 1
     for name, (own, edits) in found.items():
         kept = without(own, edits, excluded)
-        header = '#pragma GCC system_header\n' if name.endswith(".h") else ""
-        header += '#include "tests/mutate/mutant.h"\n'
-        data, places = weave.weave((ROOT / name).read_bytes(), kept, first, header)
+        # In headers constants may be needed, which then are the original ones; in sources nothing is a constant.
+        in_header = name.endswith(".h")
+        header = '#include "tests/mutate/mutant.h"\n'
+        header += "" if in_header else '#include "tests/mutate/live.h"\n'
+        header = '#pragma GCC system_header\n' + header if in_header else header
+        form = "{}" if in_header else "talvix::live({})"
+        data, places = weave.weave((ROOT / name).read_bytes(), kept, first, header, form)
         write_if_changed(TREE / name, data)
         spans[name] = (data, [(start, end, [own[i] for i in numbers]) for start, end, numbers in places])
         woven = {i for edit in kept for i in edit.mutants}
@@ -212,7 +216,7 @@ def culprits(output, spans):
 
 def weave_and_build():
     digest = hashlib.sha256()
-    scripts = [f"tests/mutate/{name}" for name in ("mutant.h", "sites.py", "weave.py")]
+    scripts = [f"tests/mutate/{name}" for name in ("mutant.h", "live.h", "sites.py", "weave.py")]
     for name in product_files() + scripts:
         digest.update((ROOT / name).read_bytes())
     state_file = WORK / "woven.json"
@@ -338,6 +342,7 @@ class Hunt:
                     self.reaching[number][portion].append((seconds, function))
         self.noticed = collections.Counter()
         self.tried = collections.Counter()
+        self.lock = threading.Lock()
         self.memory_file = WORK / "noticed.json"
         self.memory = json.loads(self.memory_file.read_text()) if self.memory_file.exists() else {}
 
@@ -360,12 +365,12 @@ class Hunt:
             self.tried[mutant.file, portion] += 1
             if how != "passed":
                 self.noticed[mutant.file, portion] += 1
-                self.memory[mutant.key()] = "/".join(portion)
+                with self.lock:
+                    self.memory[mutant.key()] = "/".join(portion)
+                    # Kept at once: a run after one that was stopped begins with what is known.
+                    self.memory_file.write_text(json.dumps(self.memory))
                 return "noticed", f"{portion[0]}: {how}"
         return "survived", f"{sum(map(len, tests.values()))} test functions passed"
-
-    def remember(self):
-        self.memory_file.write_text(json.dumps(self.memory))
 
 
 # The sample and what is said about it.
@@ -483,7 +488,6 @@ def main():
                 say(f"  survived: {shown(mutant)}")
             if len(results) % 50 == 0:
                 say(f"  {len(results)} after {(time.monotonic() - start) / 60:.1f} minutes")
-    hunt.remember()
     (WORK / "survived.json").write_text(json.dumps([m.key() for m, (outcome, _) in results if outcome == "survived"]))
     (WORK / "results.json").write_text(json.dumps([(shown(m), *result) for m, result in results], indent=1))
     enough = report(results, time.monotonic() - start, given.threshold)

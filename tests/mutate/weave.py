@@ -5,12 +5,11 @@ import re
 PLACE = re.compile(r"@(\d+)@")
 
 
-def numbered(text, first):
-    return PLACE.sub(lambda place: str(first + int(place.group(1))), text)
-
-
-def weave(data, edits, first, header):
+def weave(data, edits, first, header, form):
     """The changeable source, and where in it which mutants stand as (start, end, mutants)."""
+    def numbered(text):
+        return PLACE.sub(lambda place: form.format(first + int(place.group(1))), text)
+
     openings, closings, replaced = {}, {}, {}
     for rank, edit in enumerate(edits):
         if edit.replacement is not None:
@@ -31,15 +30,15 @@ def weave(data, edits, first, header):
     position = 0
     while position <= len(data):
         for _, rank, edit in sorted(closings.get(position, ()), key=lambda item: item[:2]):
-            put(numbered(edit.suffix, first).encode())
+            put(numbered(edit.suffix).encode())
             spans.append((started[id(edit)], length, edit.mutants))
         for _, rank, edit in sorted(openings.get(position, ()), key=lambda item: item[:2]):
             started[id(edit)] = length
-            put(numbered(edit.prefix, first).encode())
+            put(numbered(edit.prefix).encode())
         edit = replaced.get(position)
         if edit:
             start = length
-            put(numbered(edit.replacement, first).encode())
+            put(numbered(edit.replacement).encode())
             spans.append((start, length, edit.mutants))
             position = edit.end if edit.end > position else position + 1
         else:
