@@ -44,6 +44,7 @@ private Q_SLOTS:
     void totalFollowsThePane();
     void totalIsPlacedAnewByEachResize();
     void resizeOfThePagePlacesTheTotalByItself();
+    void oneResizeIsEnoughForTheTotal();
     void totalLabelFitsItsText();
     void totalFollowsTheLanguage();
     void pageButtonsComeAndGo_data();
@@ -485,6 +486,22 @@ void TitlesTest::resizeOfThePagePlacesTheTotalByItself()
     const int scale = (pane.width() + pane.height()) / 100;
     QCOMPARE(stage.page.labelPiecount->text(), totalHtml(scale / 2 + 9, scale + 9, "3"));
     QCOMPARE(stage.page.labelPiecount->y(), static_cast<int>(0.28 * pane.height()));
+}
+
+void TitlesTest::oneResizeIsEnoughForTheTotal()
+{
+    ChartStage stage(1, ChartStage::OnScreen);
+    stage.page.pieDataList = {{"fire", 3}};
+    stage.load();
+    for (const QSize &size : {QSize(1700, 900), QSize(900, 500), QSize(1200, 700)}) {
+        stage.page.resize(size);
+        QCoreApplication::processEvents();
+        const QPoint place = stage.page.labelPiecount->pos();
+        const QString html = stage.page.labelPiecount->text();
+        stage.page.updateChartOverlays();
+        QCOMPARE(place, stage.page.labelPiecount->pos());
+        QCOMPARE(html, stage.page.labelPiecount->text());
+    }
 }
 
 void TitlesTest::totalLabelFitsItsText()

@@ -351,8 +351,10 @@ class Hunt:
         if self.memory.get(mutant.key()) == "/".join(portion):
             return 0
         pair = (mutant.file, portion)
-        chance = (self.noticed[pair] + 1) / (self.tried[pair] + 2)
-        return (0.2 + sum(seconds for seconds, _ in functions)) / chance
+        # A program that bears the file's name most likely knows best.
+        expected = 20 if portion[0].replace("_", "")[3:] == pathlib.Path(mutant.file).stem.lower() else 1
+        chance = (self.noticed[pair] + expected) / (self.tried[pair] + expected + 1)
+        return (0.2 + sum(seconds for seconds, _ in functions)) * (1 - chance) / chance
 
     def outcome(self, mutant):
         tests = self.reaching.get(mutant.number)
