@@ -62,6 +62,7 @@ class TestLabelledValues : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void aTextThatLeftTheListIsNotFound();
     void sumsWrap_data()
     {
         QTest::addColumn<int>("a");
@@ -359,6 +360,17 @@ private Q_SLOTS:
             qPrintable(QStringLiteral("%1 against %2").arg(manyTicks).arg(fewTicks)));
     }
 };
+
+void TestLabelledValues::aTextThatLeftTheListIsNotFound()
+{
+    LabelIndex index;
+    LabelledValues list = {{"North", 1}, {"South", 2}};
+    QCOMPARE(index.indexOf(list, "North"), 0);
+    // The end of the list is what it was.
+    list[0].first = QStringLiteral("East");
+    QCOMPARE(index.indexOf(list, "North"), -1);
+    QCOMPARE(index.indexOf(list, "East"), 0);
+}
 
 TALVIX_TEST_MAIN(TestLabelledValues)
 #include "tst_labelled_values.moc"

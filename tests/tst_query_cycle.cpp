@@ -170,6 +170,7 @@ private Q_SLOTS:
 
     void everyConditionSearchesAtOnce_data();
     void everyConditionSearchesAtOnce();
+    void everyChoiceOfAnOrganisationSearches();
     void sameTextSearchesNothing();
     void othersSearchNothing_data();
     void othersSearchNothing();
@@ -777,6 +778,18 @@ void TestQueryCycle::everyConditionSearchesAtOnce()
     QCOMPARE(log.count(searchLine), 1);
     QCOMPARE(scene.wholeLevelCalls(), QStringList({QStringLiteral("getAlarmStatisticsOfDevices")}));
     QCOMPARE(scene.treeLoads(), 0);
+}
+
+void TestQueryCycle::everyChoiceOfAnOrganisationSearches()
+{
+    PageScene scene;
+    ProbePage page(2);
+    showPage(page);
+    scene.forgetCalls();
+    LogCapture log;
+    QVERIFY(chooseOrganisation(organisationCombo(page), QStringLiteral("Plant North")));
+    QVERIFY(chooseOrganisation(organisationCombo(page), QStringLiteral("Plant South")));
+    QCOMPARE(log.count(searchLine), 2);
 }
 
 void TestQueryCycle::sameTextSearchesNothing()
