@@ -21,6 +21,9 @@ readonly coverage_packages=(
 readonly bench_packages=(
     libbenchmark-dev valgrind
 )
+readonly mutation_packages=(
+    python3 python3-clang-14
+)
 readonly static_packages=(
     clang-tidy clazy cppcheck
 )
@@ -32,9 +35,6 @@ keep_database_server_idle() {
     mkdir -p "${settings%/*}"
     echo "create_main_cluster = false" > "$settings"
 }
-readonly mutation_packages=(
-    python3 python3-clang-14
-)
 
 # Installs those of the named packages that are missing. Where it may not, it says what is missing and goes on:
 # the build tells best whether that matters.
