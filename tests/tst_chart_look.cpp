@@ -51,7 +51,7 @@ struct BarStage
         bars->append(set);
         chart->addSeries(bars);
         ChartLook::setAxisX(*chart, axis, bars);
-        ChartLook::keepLabelsReadable(*chart, axis);
+        ChartLook::keepLabelsReadable(*chart, axis, nullptr);
         ChartLook::setAxisY(*chart, ChartLook::valueAxis(100), bars);
         ChartLook::removeMargins(*chart);
     }
@@ -98,7 +98,7 @@ struct PieStage
             pie->append(text, 1);
         chart->addSeries(pie);
         ChartLook::showLegend(*chart, Qt::AlignRight);
-        ChartLook::keepLegendReadable(*chart);
+        ChartLook::keepLegendReadable(*chart, nullptr);
         width = widest(texts, usual) + markerLines * QFontMetricsF(usual).height();
     }
 
