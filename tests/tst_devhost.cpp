@@ -571,11 +571,12 @@ void tst_devhost::theOverlayIsPaintedForEveryPageThatIsShown()
     Host host;
     PaintCount overlay(QStringLiteral("loadingOverlay"));
     host.show();
-    QCOMPARE(overlay.count(), 1);
-    host.window->openKind(7);
-    QCOMPARE(overlay.count(), 2);
-    host.window->openKind(1);
-    QCOMPARE(overlay.count(), 3);
+    int before = 0;
+    for (const int service : {1, 7, 1}) {
+        host.window->openKind(service);
+        QVERIFY(overlay.count() > before);
+        before = overlay.count();
+    }
 }
 
 void tst_devhost::theOverlayIsPaintedForATabThatIsChosen()
@@ -795,7 +796,8 @@ void tst_devhost::theGeometryIsKept()
 {
     Host host;
     host.show();
-    QCOMPARE(host.window->size(), QSize(1280, 800));
+    const QSize screen = host.window->screen()->availableSize();
+    QCOMPARE(host.window->size(), QSize(1280, 800).boundedTo(screen).expandedTo(host.window->minimumSize()));
     host.window->resize(1400, 860);
     QVERIFY(host.window->close());
     host.window.reset();
