@@ -38,9 +38,9 @@ std::optional<Fact> totalOf(Fact fact)
     }
 }
 
-QVariant orNull(int id)
+std::optional<int> orNull(int id)
 {
-    return id > 0 ? QVariant(id) : QVariant(QMetaType::fromType<int>());
+    return id > 0 ? std::optional<int>(id) : std::nullopt;
 }
 
 } // namespace

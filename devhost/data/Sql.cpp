@@ -5,7 +5,10 @@
 #include <QtCore/QUrl>
 #include <QtSql/QSqlRecord>
 
+#include <array>
 #include <atomic>
+#include <charconv>
+#include <limits>
 
 namespace devdata {
 
@@ -330,35 +333,32 @@ void Transaction::commit()
 BatchInsert::BatchInsert(
     Connection &connection, const QString &table, const QStringList &columns, const QString &conflict)
     : m_connection(connection)
-    , m_table(table)
-    , m_columns(columns)
-    , m_conflict(conflict)
-    , m_fullBatch(connection, statement(rowsInBatch))
+    , m_statement(QStringLiteral("INSERT INTO %1 (%2) VALUES ").arg(table, columns.join(QLatin1String(", "))))
+    , m_conflict(QLatin1Char(' ') + conflict)
+{ }
+
+void BatchInsert::append(qint64 value)
 {
-    m_values.reserve(rowsInBatch * columnCount());
+    std::array<char, std::numeric_limits<qint64>::digits10 + 2> digits;
+    const auto end = std::to_chars(digits.begin(), digits.end(), value).ptr;
+    m_rows.append(digits.begin(), end) += ',';
 }
 
-QString BatchInsert::statement(size_t rows) const
+void BatchInsert::append(const std::optional<int> &value)
 {
-    const QString row = QStringLiteral("(%1)").arg(placeholders(columnCount()));
-    return QStringLiteral("INSERT INTO %1 (%2) VALUES %3 %4")
-        .arg(m_table, m_columns.join(QLatin1String(", ")),
-            QStringList(static_cast<qsizetype>(rows), row).join(QLatin1String(", ")), m_conflict);
-}
-
-void BatchInsert::flushFullBatch()
-{
-    m_fullBatch.bindAll(m_values).start();
-    m_values.clear();
+    if (value)
+        append(qint64{*value});
+    else
+        m_rows += "NULL,";
 }
 
 void BatchInsert::flush()
 {
-    if (m_values.empty())
+    if (m_waiting == 0)
         return;
-    Query rest(m_connection, statement(m_values.size() / columnCount()));
-    rest.bindAll(m_values).start();
-    m_values.clear();
+    m_connection.execute(m_statement + QString::fromStdString(m_rows) + m_conflict);
+    m_rows.clear();
+    m_waiting = 0;
 }
 
 } // namespace devdata

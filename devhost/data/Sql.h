@@ -8,6 +8,7 @@
 #include <QtSql/QSqlQuery>
 
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -148,7 +149,10 @@ private:
     bool m_open = true;
 };
 
-/// Inserts many rows with few statements. Rows wait until a batch is full or `flush` is called.
+/// Inserts many rows of whole numbers with few statements. Rows wait until a batch is full or `flush` is
+/// called.
+///
+/// The numbers are written into the statements: for as many of them, binding takes longer than the insertion.
 class BatchInsert
 {
 public:
@@ -159,25 +163,26 @@ public:
     template <typename... Values>
     void add(const Values &...values)
     {
-        (m_values.push_back(QVariant(values)), ...);
-        if (m_values.size() >= rowsInBatch * columnCount())
-            flushFullBatch();
+        m_rows += m_rows.empty() ? "(" : ", (";
+        (append(values), ...);
+        m_rows.back() = ')';
+        if (++m_waiting == rowsInBatch)
+            flush();
     }
     void flush();
 
 private:
-    static constexpr size_t rowsInBatch = 50;
+    static constexpr int rowsInBatch = 200;
 
-    size_t columnCount() const { return static_cast<size_t>(m_columns.size()); }
-    QString statement(size_t rows) const;
-    void flushFullBatch();
+    void append(qint64 value);
+    /// Nothing is NULL.
+    void append(const std::optional<int> &value);
 
     Connection &m_connection;
-    QString m_table;
-    QStringList m_columns;
+    QString m_statement;
     QString m_conflict;
-    Query m_fullBatch;
-    std::vector<QVariant> m_values;
+    std::string m_rows;
+    int m_waiting = 0;
 };
 
 } // namespace devdata
