@@ -67,6 +67,13 @@ int boundedCount(qint64 count);
 /// left to itself it would look for them in all the figures there are.
 QString joinFiguresOf(const char *subject);
 
+/// The sum of the figures of the subject that a statement has at hand: "(SELECT SUM(…) …)", with question
+/// marks for fact, scope and the ends of the span; NULL when there are none. For a join PostgreSQL would read
+/// the figures of all times to find the few of a span; a subquery goes from each subject to its own.
+QString sumOfFigures(const char *subject);
+/// Those rows of a statement with such a sum named `total` of which something was counted.
+QString onlyCounted(const QString &subjects);
+
 /// Whose figures, of what and over which span. Several subjects count together.
 struct Selection
 {

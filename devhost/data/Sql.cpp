@@ -196,7 +196,7 @@ void Connection::commit()
 
 void Connection::takeBack()
 {
-    if (m_inTransaction)
+    if (m_inTransaction && m_database.isOpen())
         m_database.rollback();
     m_inTransaction = false;
 }

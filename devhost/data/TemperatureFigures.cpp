@@ -57,9 +57,10 @@ TalvixGetTemperatureStatisticsOfPersonsResponseMessage readingsOfPersons(
     Connection &connection, int organisation, SortOrder order, const Page &page, const Span &span)
 {
     const QString counted =
-        QStringLiteral("SELECT n.id, n.name, SUM(f.count) AS total FROM organisation_path p "
-                       "JOIN person_group g ON g.orga_id = p.descendant JOIN person n ON n.group_id = g.id")
-        + joinFiguresOf("n.id") + QStringLiteral(" AND p.ancestor = ? GROUP BY n.id, n.name");
+        onlyCounted(QStringLiteral("SELECT n.id, n.name, %1 AS total FROM organisation_path p "
+                                   "JOIN person_group g ON g.orga_id = p.descendant "
+                                   "JOIN person n ON n.group_id = g.id WHERE p.ancestor = ?")
+                        .arg(sumOfFigures("n.id")));
     const auto bindTo = [&](Query &query) -> Query & {
         return query.bind(static_cast<int>(Fact::Readings))
             .bind(static_cast<int>(Scope::Person))
@@ -72,7 +73,7 @@ TalvixGetTemperatureStatisticsOfPersonsResponseMessage readingsOfPersons(
     answer.curPage = page.index;
     answer.totalPage = pagesFor(countRows(connection, counted, bindTo), page);
     Query rows(connection,
-        counted + QStringLiteral(" ORDER BY total %1, n.id LIMIT ? OFFSET ?").arg(directionOf(order)));
+        counted + QStringLiteral(" ORDER BY total %1, id LIMIT ? OFFSET ?").arg(directionOf(order)));
     bindTo(rows).bind(page.size).bind(firstRowOf(page)).start();
     while (rows.next())
         answer.statisticsList.push_back(
