@@ -6,7 +6,8 @@ constexpr double boundWithoutValues = 5;
 
 double nextHundred(long long maximum)
 {
-    return static_cast<double>((maximum / 100 + 1) * 100);
+    const long long bound = (maximum / 100 + 1) * 100;
+    return static_cast<double>(bound);
 }
 
 double nextLeadingDigit(long long maximum)

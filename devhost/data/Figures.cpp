@@ -10,6 +10,7 @@ namespace {
 std::vector<int> numbersOf(const std::vector<Scope> &scopes)
 {
     std::vector<int> numbers;
+    numbers.reserve(scopes.size());
     for (const Scope scope : scopes)
         numbers.push_back(static_cast<int>(scope));
     return numbers;

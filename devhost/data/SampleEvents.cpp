@@ -29,6 +29,7 @@ constexpr int shareOfOthers = 8;
 
 constexpr int namelessType = 99;
 constexpr int minutesOfDay = 24 * 60;
+constexpr qint64 minutesOfWeek = qint64{7} * minutesOfDay;
 
 // A small generator of its own: the numbers must be the same with every library and in every release.
 class Dice
@@ -142,8 +143,8 @@ void Generator::makeHour(Bucket hour, int weekday)
 {
     if (hour * 100 + 60 <= m_options.from || hour * 100 >= m_options.to)
         return;
-    const qint64 busy = dayRhythm[static_cast<size_t>(hour % 100)] * weekRhythm[static_cast<size_t>(weekday)]
-        * (m_fine ? 1 : coarseWeight) / 100 * m_options.density;
+    const qint64 busy = qint64{dayRhythm[static_cast<size_t>(hour % 100)]}
+        * weekRhythm[static_cast<size_t>(weekday)] * (m_fine ? 1 : coarseWeight) / 100 * m_options.density;
     const qint64 busyOthers = busy * (m_options.singly ? shareOfOthers : 1);
     for (const SampleWorld::Channel &channel : m_world.channels) {
         makeAlarms(hour, channel.id, busyOthers);
@@ -338,11 +339,11 @@ int densityForEvents(const SampleWorld &world, const SampleOptions &options, qin
 {
     SampleOptions week = options;
     week.density = usualDensity;
-    week.to = addMinutes(week.from, 7 * minutesOfDay);
+    week.to = addMinutes(week.from, minutesOfWeek);
     CountingSink sink;
     generateSampleEvents(world, week, sink);
     const qint64 expected =
-        sink.events * std::max<qint64>(minutesBetween(options.from, options.to), 1) / (7 * minutesOfDay);
+        sink.events * std::max<qint64>(minutesBetween(options.from, options.to), 1) / minutesOfWeek;
     return static_cast<int>(
         std::clamp<qint64>(events * usualDensity / std::max<qint64>(expected, 1), 1, 10'000'000));
 }

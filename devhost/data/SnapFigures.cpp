@@ -73,10 +73,12 @@ std::vector<SnapOrgaItem> snapshotsOfOrganisations(
     const std::vector<SubjectFigure> level =
         figuresOfLevel(connection, Fact::Snapshots, listOrg, mode, order, span);
     std::vector<int> organisations;
+    organisations.reserve(level.size());
     for (const SubjectFigure &figure : level)
         organisations.push_back(figure.id);
     auto classes = figuresBySubject(connection, {Fact::Snapshots, scopesOf(mode), organisations, span});
     std::vector<SnapOrgaItem> items;
+    items.reserve(level.size());
     for (const SubjectFigure &figure : level)
         items.push_back({figure.id, figure.name.toStdString(), bothClasses(classes[figure.id])});
     return items;
