@@ -19,6 +19,8 @@ for option in "$@"; do
 done
 
 build=$root/build/bench
-cmake --preset release -S "$root" -B "$build" -DTALVIX_BUILD_BENCHMARKS=ON >&2
+source "$root/cmake/packages.sh"
+install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" "${bench_packages[@]}"
+(cd -- "$root" && cmake --preset bench) >&2
 cmake --build "$build" --target talvix-store-figures >&2
 exec "$build/bench/talvix-store-figures" ${options[@]+"${options[@]}"}
