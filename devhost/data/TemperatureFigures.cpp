@@ -11,6 +11,7 @@ constexpr int notAccepted = 0;
 std::vector<TempDistributionItem> distribution(const std::vector<ClassFigure> &figures)
 {
     std::vector<TempDistributionItem> items;
+    items.reserve(figures.size());
     for (const ClassFigure &figure : figures)
         items.push_back({figure.figureClass, boundedCount(figure.count)});
     return items;
