@@ -25,18 +25,7 @@ void StatisticsScene::forget()
 {
     page.tips.clear();
     client.calls.clear();
-    manager.calls.clear();
-    manager.temperatureStatisticsOfGroups.requests.clear();
-    manager.temperatureStatisticsOfGroup.requests.clear();
-    manager.temperatureStatisticsOfPersons.requests.clear();
-    manager.temperatureStatisticsOfPerson.requests.clear();
-    manager.tempStatisticsDistributionOfGroups.requests.clear();
-    manager.temperatureOfDevice.requests.clear();
-    manager.tempAlarmHandleStatistics.requests.clear();
-    manager.snapSamplesResource.requests.clear();
-    manager.snapDetailSamples.requests.clear();
-    manager.trafficsStatisticsOfOrgas.requests.clear();
-    manager.trafficsStatisticsOfOrga.requests.clear();
+    forgetRequests(manager);
 }
 
 int StatisticsScene::queryWholeLevel()
