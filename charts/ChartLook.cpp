@@ -1,4 +1,5 @@
 #include "ChartLook.h"
+#include "page/Texts.h"
 
 #include <TalvixWidgets/QssFormatHelper.h>
 #include <TalvixWidgets/ZrChartView.h>
@@ -56,7 +57,8 @@ QStringList distinctLabels(const QStringList &labels)
     distinct.reserve(labels.size());
     QSet<QString> taken;
     QHash<QString, int> marksOf;
-    for (const QString &label : labels) {
+    for (const QString &given : labels) {
+        const QString label = Texts::inRichText(given);
         int &marks = marksOf[label];
         QString candidate = label.isNull() ? QStringLiteral("") : label + QString(marks, invisibleMark);
         while (taken.contains(candidate))
@@ -277,6 +279,11 @@ void showLegend(QChart &chart, Qt::Alignment alignment)
     QLegend *legend = chart.legend();
     legend->setAlignment(alignment);
     legend->setLabelColor(themeColour("$word_color_2"));
+    const auto markers = legend->markers();
+    for (QLegendMarker *marker : markers) {
+        if (marker->label().contains(QLatin1Char('<')))
+            marker->setLabel(Texts::inRichText(marker->label()));
+    }
     legend->setVisible(true);
 }
 

@@ -161,8 +161,9 @@ void BasicChart::slotLineSelected(QPointF point, bool state)
     if (index < 0 || index >= list->size())
         return;
     const auto &[label, value] = list->at(index);
-    showCallout(
-        m_strToolTipFormat.arg(periodText(label, m_nTimeType), name, QString::number(value)), QCursor::pos());
+    showCallout(m_strToolTipFormat.arg(
+                    periodText(label, m_nTimeType), Texts::inRichText(name), QString::number(value)),
+        QCursor::pos());
 }
 
 void BasicChart::slotPieSelected(QPieSlice *slice, bool state)
@@ -173,7 +174,8 @@ void BasicChart::slotPieSelected(QPieSlice *slice, bool state)
     slice->setExplodeDistanceFactor(explodeDistance);
     if (state)
         showCallout(
-            m_strToolTipFormat.arg(ui->lineEditTime->text(), slice->label(), QString()), QCursor::pos());
+            m_strToolTipFormat.arg(ui->lineEditTime->text(), Texts::inRichText(slice->label()), QString()),
+            QCursor::pos());
     else
         hideCallout();
 }

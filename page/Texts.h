@@ -30,4 +30,12 @@ inline QString title(const char *key)
     return translated(key, AppLanguageTr::Title);
 }
 
+/// A name of the server's as part of rich text. What looks like a tag in it is shown as it stands; as a tag
+/// it would vanish, and one of a picture that is wider than a layout can count keeps that layout busy for
+/// ever.
+inline QString inRichText(QString name)
+{
+    return name.replace(QLatin1Char('<'), QLatin1String("&lt;"));
+}
+
 } // namespace Texts

@@ -1,5 +1,6 @@
 #include "page/BasicChart.h"
 #include "page/ServiceTypes.h"
+#include "page/Texts.h"
 
 #include "charts/UserData.h"
 #include "ui_BasicChart.h"
@@ -104,7 +105,7 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
     }
     const auto &[name, value] = barDataList.at(index);
     const QString figure = row.calloutInPercent ? numberText(value) + QLatin1Char('%') : numberText(value);
-    showCallout(m_strToolTipFormat.arg(time).arg(name).arg(figure), QCursor::pos());
+    showCallout(m_strToolTipFormat.arg(time).arg(Texts::inRichText(name)).arg(figure), QCursor::pos());
     if (name != m_strSelectedBar)
         focusBar(name);
 }

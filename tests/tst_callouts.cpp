@@ -59,6 +59,7 @@ private Q_SLOTS:
     void barOutOfRangeShowsNothing();
     void namesStandToTheLetter_data();
     void namesStandToTheLetter();
+    void tagsInANameAreShownAsText();
     void aMarkerInTheNameOfABarTakesTheFigure_data();
     void aMarkerInTheNameOfABarTakesTheFigure();
 
@@ -641,7 +642,7 @@ void CalloutsTest::namesStandToTheLetter_data()
     QTest::newRow("null") << QString();
     QTest::newRow("the marker of the time") << "%1";
     QTest::newRow("the marker of the value") << "%3";
-    QTest::newRow("markup") << "<b>Gate</b> & Hall";
+    QTest::newRow("an ampersand") << "Gate & Hall";
     QTest::newRow("two hundred characters") << QString(200, 'x');
 }
 
@@ -667,6 +668,30 @@ void CalloutsTest::namesStandToTheLetter()
     stage.page.barDataList = {{name, 5}};
     stage.page.slotBarSelected(true, 0, &set);
     QCOMPARE(stage.page.labelCallout->text(), callout(span, name, "5"));
+}
+
+void CalloutsTest::tagsInANameAreShownAsText()
+{
+    const QString name = "<img src=\"x\" width=9999999>";
+    const QString shown = "&lt;img src=\"x\" width=9999999>";
+    ChartStage stage(1, ChartStage::OnScreen);
+    stage.page.m_nTimeType = 2;
+    stage.page.lineDataList = days;
+    stage.page.m_strSelectedBar = name;
+    stage.page.slotLineSelected(QPointF(1, 0), true);
+    QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-02", shown, "7"));
+
+    QPieSlice slice(name, 3);
+    stage.page.slotPieSelected(&slice, true);
+    QCOMPARE(stage.page.labelCallout->text(), callout(span, shown, ""));
+
+    QBarSet set("set");
+    set.append(5);
+    stage.page.barDataList = {{name, 5}};
+    stage.page.m_strSelectedBar = "another";
+    stage.page.slotBarSelected(true, 0, &set);
+    QCOMPARE(stage.page.labelCallout->text(), callout(span, shown, "5"));
+    QCOMPARE(stage.page.m_strSelectedBar, name);
 }
 
 void CalloutsTest::aMarkerInTheNameOfABarTakesTheFigure_data()

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void nameIsTakenWhenTheChartIsBuilt();
     void namesAreShownToTheLetter_data();
     void namesAreShownToTheLetter();
+    void legendShowsTagsAsText();
     void builderSetsTheLineTitleOnly_data();
     void builderSetsTheLineTitleOnly();
     void logLines_data();
@@ -441,6 +442,17 @@ void LineChartsTest::namesAreShownToTheLetter()
     stage.page.lineDataList = days;
     const OwnedChart chart(stage.page.createLineChart());
     QCOMPARE(line(chart)->name(), name);
+}
+
+void LineChartsTest::legendShowsTagsAsText()
+{
+    ChartStage stage(1);
+    stage.page.m_strSelectedBar = "<img src=\"x\" width=9999999>";
+    stage.page.lineDataList = days;
+    const OwnedChart chart(stage.page.createLineChart());
+    QCOMPARE(
+        chart->legend()->markers().constFirst()->label(), QStringLiteral("&lt;img src=\"x\" width=9999999>"));
+    QCOMPARE(line(chart)->name(), stage.page.m_strSelectedBar);
 }
 
 void LineChartsTest::builderSetsTheLineTitleOnly_data()

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void deviceGroupSliceOfNoKnownNameKeepsTheDefaultColour();
     void namesAreShownToTheLetter_data();
     void namesAreShownToTheLetter();
+    void legendShowsTagsAsText();
     void builderSetsThePieTitleOnly_data();
     void builderSetsThePieTitleOnly();
     void logLine();
@@ -544,6 +545,16 @@ void PieChartTest::namesAreShownToTheLetter()
     stage.page.pieDataList = {{name, 3}};
     const OwnedChart chart = build(stage.page);
     QCOMPARE(pie(chart)->slices().at(0)->label(), name + QStringLiteral(" | 100.0% 3"));
+}
+
+void PieChartTest::legendShowsTagsAsText()
+{
+    ChartStage stage(1);
+    stage.page.pieDataList = {{"<img src=\"x\" width=9999999>", 3}};
+    const OwnedChart chart = build(stage.page);
+    QCOMPARE(chart->legend()->markers().constFirst()->label(),
+        QStringLiteral("&lt;img src=\"x\" width=9999999> | 100.0% 3"));
+    QCOMPARE(pie(chart)->slices().at(0)->label(), "<img src=\"x\" width=9999999> | 100.0% 3");
 }
 
 void PieChartTest::builderSetsThePieTitleOnly_data()

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void deviceGroupsPieTitleBeforeAndAfterTheFirstLoad();
     void namesStandToTheLetter_data();
     void namesStandToTheLetter();
+    void tagsInANameAreShownAsText();
+    void aLongNameWidensNoPage();
     void timeStandsToTheLetter();
     void colourOfTheSpanIsTheThemes();
     void titlesFollowTheLanguage();
@@ -275,7 +277,7 @@ void TitlesTest::namesStandToTheLetter_data()
     QTest::newRow("the first place marker") << "%1";
     QTest::newRow("the marker of the unit") << "%3";
     QTest::newRow("all markers and a per cent sign") << "%1%2%3%4%L1 100%";
-    QTest::newRow("markup") << "<b>Gate</b> & Hall";
+    QTest::newRow("an ampersand") << "Gate & Hall";
     QTest::newRow("two hundred characters") << QString(200, 'x');
     QTest::newRow("chinese") << QString::fromUtf8("大门");
 }
@@ -289,6 +291,26 @@ void TitlesTest::namesStandToTheLetter()
         detailTitle("2024-05-01~2024-05-03", name, text("TK_Hour"), text("TK_AlarmStatisticsOfNum")));
     QCOMPARE(title(stage.page, "labelPieChartTitle"),
         detailTitle("2024-05-01~2024-05-03", name, text("TK_Hour"), text("TK_AlarmStatisticsOfType")));
+}
+
+void TitlesTest::tagsInANameAreShownAsText()
+{
+    ChartStage stage(1);
+    stage.page.m_strSelectedBar = "<img src=\"x\" width=9999999>";
+    QVERIFY(title(stage.page, "labelLineChartTitle").contains("&lt;img src=\"x\" width=9999999></font>"));
+    QVERIFY(title(stage.page, "labelPieChartTitle").contains("&lt;img src=\"x\" width=9999999></font>"));
+    QCOMPARE(stage.page.m_strSelectedBar, QStringLiteral("<img src=\"x\" width=9999999>"));
+}
+
+void TitlesTest::aLongNameWidensNoPage()
+{
+    ChartStage stage(1);
+    const int before = stage.page.minimumSizeHint().width();
+    stage.page.m_strSelectedBar = QString(300, 'x');
+    for (const char *label : {"labelLineChartTitle", "labelPieChartTitle"})
+        stage.page.part<QLabel>(label)->setText(title(stage.page, label));
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.page.minimumSizeHint().width(), before);
 }
 
 void TitlesTest::timeStandsToTheLetter()

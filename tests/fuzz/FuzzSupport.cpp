@@ -32,9 +32,8 @@ void endAtComplaint(QtMsgType type, const QMessageLogContext &context, const QSt
     std::abort();
 }
 
-// No picture wider than Qt's layout can count: it never ends on one, in a legend as in any other rich text.
 const char *const hostilePieces[] = {"%1", "%2%3", "%99", "%L1", "%%", "%n", "%s%n%d", "<b>", "</p></body>",
-    "<img src=\"x\" width=9999>", "&nbsp;", "&#x1F600;", "<table><tr><td>", "\xff\xfe", "\xc3",
+    "<img src=\"x\" width=9999999>", "&nbsp;", "&#x1F600;", "<table><tr><td>", "\xff\xfe", "\xc3",
     "\xed\xa0\x80", "\xf0\x9f\x98\x80", "\xe2\x80\x8b", "\xe2\x80\xae", "\r\n", "\t", "\x01\x7f", "~",
     "2024-05-03 17", "Plant North", "Company", "\xd8\xb9\xd8\xb1", "\xe4\xb8\xad\xe6\x96\x87", "TK_Other",
     "gate", "e\xcc\x81\xcc\x81\xcc\x81", "{0}"};

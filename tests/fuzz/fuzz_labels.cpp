@@ -6,6 +6,7 @@
 #include "support/PageInvariants.h"
 
 #include <page/ServiceTypes.h>
+#include <page/Texts.h>
 
 namespace {
 
@@ -77,7 +78,7 @@ private:
             return;
         const QStringList shown = ChartProbe::categories(chart);
         for (qsizetype i = 0; i < shown.size(); ++i) {
-            const QString name = m_page.barDataList.value(i).first;
+            const QString name = Texts::inRichText(m_page.barDataList.value(i).first);
             Fuzz::report(shown.at(i).startsWith(name) ? QString() : QStringLiteral("a bar lost its name"));
         }
     }
