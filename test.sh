@@ -11,7 +11,10 @@ packages=()
 source "$root/cmake/packages.sh"
 for option in "$@"; do
     case $option in
-        --asan) preset=asan ;;
+        --asan)
+            preset=asan
+            packages=("${sanitizer_packages[@]}")
+            ;;
         --coverage)
             preset=coverage
             packages=("${coverage_packages[@]}")

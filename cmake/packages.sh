@@ -9,7 +9,7 @@ readonly run_packages=(
     libqt6sql6-sqlite libqt6sql6-psql qt6-translations-l10n
     fonts-inter fonts-dejavu-core fonts-noto-core fonts-noto-cjk
 )
-readonly fuzz_packages=(
+readonly sanitizer_packages=(
     clang lld libclang-rt-14-dev
 )
 readonly test_packages=(

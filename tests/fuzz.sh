@@ -11,14 +11,14 @@ if ! [[ $seconds =~ ^[1-9][0-9]*$ ]]; then
 fi
 
 source "$root/cmake/packages.sh"
-install_missing "${build_packages[@]}" "${run_packages[@]}" "${fuzz_packages[@]}"
+install_missing "${build_packages[@]}" "${run_packages[@]}" "${sanitizer_packages[@]}"
 
 cd -- "$root"
-cmake --preset fuzz
+cmake --preset asan
 cmake --build --preset fuzz
 
-programs=$root/build/fuzz/tests
-work=$root/build/fuzz/findings
+programs=$root/build/asan/tests
+work=$root/build/asan/findings
 mkdir -p -- "$work"
 
 # What is found new stays in the build tree, so that another run goes on from there.

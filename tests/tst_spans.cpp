@@ -31,7 +31,7 @@ private Q_SLOTS:
         const Span months = parseSpan(1, "2023-12-31", "2024-01");
         QCOMPARE(months.first, 202312);
         QCOMPARE(months.last, 202401);
-        QVERIFY_EXCEPTION_THROWN(parseSpan(1, "2023-02-29", "2024-01"), StoreError);
+        QVERIFY_THROWS_EXCEPTION(StoreError, parseSpan(1, "2023-02-29", "2024-01"));
     }
 
     void anotherFormIsRefused_data()
@@ -55,7 +55,7 @@ private Q_SLOTS:
     {
         QFETCH(int, timeType);
         QFETCH(QByteArray, time);
-        QVERIFY_EXCEPTION_THROWN(parseSpan(timeType, time.toStdString(), time.toStdString()), StoreError);
+        QVERIFY_THROWS_EXCEPTION(StoreError, parseSpan(timeType, time.toStdString(), time.toStdString()));
     }
 
     void aSpanMayBeEmptyButNotTooLong()
@@ -64,8 +64,8 @@ private Q_SLOTS:
         QVERIFY(!parseSpan(2, "2024-05-03", "2024-05-03").isEmpty());
         QVERIFY(parseSpan(3, "9999-12-31 23", "0001-01-01 00").isEmpty());
         QCOMPARE(bucketsOf(parseSpan(3, "2024-01-01 00", "2024-12-31 23")).size(), size_t(8784));
-        QVERIFY_EXCEPTION_THROWN(parseSpan(3, "2024-01-01 00", "2025-01-01 00"), StoreError);
-        QVERIFY_EXCEPTION_THROWN(parseSpan(1, "0001-01", "9999-12"), StoreError);
+        QVERIFY_THROWS_EXCEPTION(StoreError, parseSpan(3, "2024-01-01 00", "2025-01-01 00"));
+        QVERIFY_THROWS_EXCEPTION(StoreError, parseSpan(1, "0001-01", "9999-12"));
     }
 
     void periodsFollowEachOther_data()

@@ -210,7 +210,8 @@ private:
     void changeLanguage()
     {
         const QStringList languages = HostSettings::languages() << QString();
-        HostSettings::setLanguage(languages.at(m_data.ConsumeIntegralInRange<int>(0, languages.size() - 1)));
+        HostSettings::setLanguage(
+            languages.at(m_data.ConsumeIntegralInRange<qsizetype>(0, languages.size() - 1)));
     }
 
     void changeTree()
@@ -232,7 +233,7 @@ private:
         if (page().m_chartViewList.isEmpty())
             return;
         ZrChartView *view = page().m_chartViewList.at(
-            m_data.ConsumeIntegralInRange<int>(0, page().m_chartViewList.size() - 1));
+            m_data.ConsumeIntegralInRange<qsizetype>(0, page().m_chartViewList.size() - 1));
         const QPoint place(m_data.ConsumeIntegralInRange(0, 1100), m_data.ConsumeIntegralInRange(0, 500));
         QMouseEvent move(QEvent::MouseMove, place, view->viewport()->mapToGlobal(place), Qt::NoButton,
             Qt::NoButton, Qt::NoModifier);
