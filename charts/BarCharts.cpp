@@ -91,10 +91,11 @@ QChart *BasicChart::createBarChart()
     ui->labelBarChartTitle->setText(getChartTitle(ui->labelBarChartTitle));
     auto *chart = new QChart;
     auto *series = new QStackedBarSeries(chart);
-    const bool accepted = serviceType().series == ServiceTypeRow::Series::CamerasAndRecorders
-        ? appendDeviceSets(*chart, *series)
-        : appendSingleSet(*chart, *series);
-    if (accepted) {
+    if (serviceType().series == ServiceTypeRow::Series::CamerasAndRecorders)
+        appendDeviceSets(*chart, *series);
+    else
+        appendSingleSet(*chart, *series);
+    if (series->count() > 0) {
         series->setBarWidth(barDataList.size() > 1 ? widthOfSeveralBars : widthOfOneBar);
         showBars(*chart, series);
     }
@@ -103,15 +104,15 @@ QChart *BasicChart::createBarChart()
     return chart;
 }
 
-bool BasicChart::appendSingleSet(QChart &chart, QAbstractBarSeries &series)
+void BasicChart::appendSingleSet(QChart &chart, QAbstractBarSeries &series)
 {
     chart.legend()->setVisible(false);
     QBarSet *set = firstSet(serviceType().firstSeriesKey);
     set->append(asReals(barDataList));
-    return series.append(set);
+    series.append(set);
 }
 
-bool BasicChart::appendDeviceSets(QChart &chart, QAbstractBarSeries &series)
+void BasicChart::appendDeviceSets(QChart &chart, QAbstractBarSeries &series)
 {
     ChartLook::showLegend(chart, Qt::AlignTop);
     QList<qreal> cameras;
@@ -129,9 +130,8 @@ bool BasicChart::appendDeviceSets(QChart &chart, QAbstractBarSeries &series)
     QBarSet *recorderSet = secondSet(serviceType().secondSeriesKey);
     cameraSet->append(cameras);
     recorderSet->append(recorders);
-    const bool first = series.append(cameraSet);
-    const bool second = series.append(recorderSet);
-    return first || second;
+    series.append(cameraSet);
+    series.append(recorderSet);
 }
 
 QChart *BasicChart::createDualBarChart()
@@ -147,12 +147,10 @@ QChart *BasicChart::createDualBarChart()
     new BarItems(set1, barDataList, barDataList.size());
     set2->append(asReals(barDataList2));
     new BarItems(set2, barDataList, barDataList2.size());
-    const bool first = series->append(set1);
-    const bool second = series->append(set2);
-    if (first || second) {
-        const int sets = series->count();
-        if (sets >= 1 && sets <= 4)
-            series->setBarWidth(sets * widthOfOneBar);
+    series->append(set1);
+    series->append(set2);
+    if (series->count() > 0) {
+        series->setBarWidth(series->count() * widthOfOneBar);
         showBars(*chart, series);
     }
     ChartLook::removeMargins(*chart);

@@ -281,8 +281,9 @@ void showLegend(QChart &chart, Qt::Alignment alignment)
     legend->setLabelColor(themeColour("$word_color_2"));
     const auto markers = legend->markers();
     for (QLegendMarker *marker : markers) {
-        if (marker->label().contains(QLatin1Char('<')))
-            marker->setLabel(Texts::inRichText(marker->label()));
+        const QString shown = Texts::inRichText(marker->label());
+        if (shown != marker->label())
+            marker->setLabel(shown);
     }
     legend->setVisible(true);
 }

@@ -219,7 +219,7 @@ protected:
     QString distinctChannelName(const QString &name, TalvixChannel &channel);
     void sortLineList();
     void getChartDataByBarId(const QString &key);
-    void openFirstBar();
+    bool openFirstBar();
 
     // statistics/AlarmQueries.cpp
     int getAlarmOfOrgas();
@@ -308,8 +308,8 @@ protected:
     // charts/BarCharts.cpp
     QChart *createBarChart();
     QChart *createDualBarChart();
-    bool appendSingleSet(QChart &chart, QAbstractBarSeries &series);
-    bool appendDeviceSets(QChart &chart, QAbstractBarSeries &series);
+    void appendSingleSet(QChart &chart, QAbstractBarSeries &series);
+    void appendDeviceSets(QChart &chart, QAbstractBarSeries &series);
     void showBars(QChart &chart, QAbstractBarSeries *series);
 
     // charts/LineCharts.cpp

@@ -30,12 +30,16 @@ inline QString title(const char *key)
     return translated(key, AppLanguageTr::Title);
 }
 
+/// More of a name is never seen; all of one that is too long for its place, cut to every length that might
+/// fit, takes the square of its length in memory.
+constexpr qsizetype mostCharactersShown = 1000;
+
 /// A name of the server's as part of rich text. What looks like a tag in it is shown as it stands; as a tag
 /// it would vanish, and one of a picture that is wider than a layout can count keeps that layout busy for
 /// ever.
-inline QString inRichText(QString name)
+inline QString inRichText(const QString &name)
 {
-    return name.replace(QLatin1Char('<'), QLatin1String("&lt;"));
+    return name.left(mostCharactersShown).replace(QLatin1Char('<'), QLatin1String("&lt;"));
 }
 
 } // namespace Texts

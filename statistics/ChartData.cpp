@@ -69,11 +69,8 @@ void BasicChart::setBarList(const std::vector<AlarmStatisticsRecord> &records)
         qDebug() << "type AlarmStatisticsOfDevices  bardatalist " << barDataList << "\n devDataList"
                  << devDataList;
     }
-    if (barDataList.isEmpty() || devDataList.isEmpty()) {
+    if (!openFirstBar())
         qDebug() << " BasicChart::setBarList  barDataList is empty";
-        return;
-    }
-    openFirstBar();
 }
 
 void BasicChart::setOnlineBarList(const std::vector<OnlineStatisticsRecord> &records)
@@ -92,17 +89,17 @@ void BasicChart::setOnlineBarList(const std::vector<OnlineStatisticsRecord> &rec
         qDebug() << "type OnlineStatisticsOfDevices bardatalist " << barDataList << "\n devDataList"
                  << devDataList;
     }
-    if (barDataList.isEmpty() || devDataList.isEmpty()) {
+    if (!openFirstBar())
         qDebug() << " setOnlineBarList  barDataList is empty";
-        return;
-    }
-    openFirstBar();
 }
 
-void BasicChart::openFirstBar()
+bool BasicChart::openFirstBar()
 {
+    if (barDataList.isEmpty() || devDataList.isEmpty())
+        return false;
     const QString key = devDataList.constFirst().second;
     getChartDataByBarId(key);
+    return true;
 }
 
 void BasicChart::setPieAndLineList(const std::vector<AlarmStatisticsRecord> &records)

@@ -118,10 +118,8 @@ int BasicChart::getTemperatureStatisticsOfDevGroups()
     }
     clearBarChartData();
     setTempAlarmBarItem(firstOf(getOrgaIDList()), tempAlarmHandleList);
-    if (barDataList.isEmpty() || devDataList.isEmpty())
+    if (!openFirstBar())
         qDebug() << "setGroupsBarList is empty";
-    else
-        openFirstBar();
     return Success;
 }
 

@@ -85,11 +85,8 @@ void BasicChart::setGroupsBarList(const std::vector<TemperatureStatisticsItem> &
         const QString name = AppTranslationHelper::instance()->getStringAfterTranslation(item.name.c_str());
         appendBar(name, QString::number(item.id), item.count);
     }
-    if (barDataList.isEmpty() || devDataList.isEmpty()) {
+    if (!openFirstBar())
         qDebug() << "setGroupsBarList is empty";
-        return;
-    }
-    openFirstBar();
 }
 
 void BasicChart::setPersonsBarList(const std::vector<TemperatureStatisticsItem> &items)
@@ -97,11 +94,8 @@ void BasicChart::setPersonsBarList(const std::vector<TemperatureStatisticsItem> 
     clearBarChartData();
     for (const TemperatureStatisticsItem &item : items)
         appendBar(QString::fromStdString(item.name), QString::number(item.id), item.count);
-    if (barDataList.isEmpty() || devDataList.isEmpty()) {
+    if (!openFirstBar())
         qDebug() << "setPersonsBarList is empty";
-        return;
-    }
-    openFirstBar();
 }
 
 void BasicChart::setGroupLineList(const std::vector<TemperatureStatisticsItem> &items)

@@ -67,8 +67,7 @@ void BasicChart::setBarList(const std::vector<SnapTimeSample> &samples)
         for (const SnapChannelSample &channel : sample.channels)
             setTrafficDeviceBarItem(channel.channelUid, channel.typeCounts);
     }
-    if (!barDataList.isEmpty() && !devDataList.isEmpty())
-        openFirstBar();
+    openFirstBar();
 }
 
 // A channel that got its address for a label keeps it for its first period only: the figures of later periods
@@ -132,11 +131,8 @@ void BasicChart::setGroupsBarList(const std::vector<SnapOrgaItem> &items)
     clearBarChartData();
     for (const SnapOrgaItem &item : items)
         setTrafficOrgaBarItem(item.id, item.typeCounts);
-    if (barDataList.isEmpty() || devDataList.isEmpty()) {
+    if (!openFirstBar())
         qDebug() << "setGroupsBarList is empty";
-        return;
-    }
-    openFirstBar();
 }
 
 void BasicChart::setTrafficOrgaBarItem(const int &id, const std::vector<SnapTypeCount> &counts)
