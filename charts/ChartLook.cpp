@@ -48,6 +48,8 @@ constexpr double gapAroundLabels = 5;
 // A legend beside a chart gets no more of its width than this.
 constexpr double legendShare = 0.4;
 constexpr double legendMarkerInLines = 2.2;
+// How many hold the painting of a view.
+constexpr char holdsProperty[] = "paintingHolds";
 
 // A category axis drops labels that it has already and null ones, and every bar behind them would stand under
 // a wrong label. Invisible marks behind the text tell such labels apart.
@@ -196,6 +198,11 @@ double expectedPlotWidth(const QChart &chart, QSizeF chartSize)
 void deliverCalls(const QChartView &view)
 {
     QCoreApplication::sendPostedEvents(view.scene(), QEvent::MetaCall);
+}
+
+int holdsOf(const QChartView &view)
+{
+    return view.property(holdsProperty).toInt();
 }
 
 // A chart lays itself out whenever its size changes. While this lives it only takes the size.
@@ -348,21 +355,33 @@ void showLaidOut(QChartView &view, QChart *chart)
 }
 
 HeldPainting::HeldPainting(const QList<ZrChartView *> &views)
+    : m_views(views)
 {
     for (ZrChartView *view : views) {
-        if (!view->testAttribute(Qt::WA_UpdatesDisabled)) {
-            view->setUpdatesEnabled(false);
-            m_views.append(view);
-        }
+        view->setProperty(holdsProperty, holdsOf(*view) + 1);
+        view->setUpdatesEnabled(false);
     }
 }
 
+// The animations of new charts begin by calls that the charts have posted. Released after those, the views
+// paint the first step of the animations at once, and not the charts' end before it. They go and come with
+// their page.
 HeldPainting::~HeldPainting()
 {
-    for (QChartView *view : std::as_const(m_views))
+    if (!m_views.isEmpty()) {
+        QMetaObject::invokeMethod(
+            m_views.constFirst(), [views = m_views] { release(views); }, Qt::QueuedConnection);
+    }
+}
+
+void HeldPainting::release(const QList<ZrChartView *> &views)
+{
+    for (ZrChartView *view : views) {
+        view->setProperty(holdsProperty, holdsOf(*view) - 1);
         deliverCalls(*view);
-    for (QChartView *view : std::as_const(m_views))
-        view->setUpdatesEnabled(true);
+    }
+    for (ZrChartView *view : views)
+        view->setUpdatesEnabled(holdsOf(*view) == 0);
 }
 
 } // namespace ChartLook

@@ -173,8 +173,8 @@ void BasicChart::slotPieSelected(QPieSlice *slice, bool state)
     slice->setExploded(state);
     slice->setExplodeDistanceFactor(explodeDistance);
     if (state)
-        showCallout(
-            m_strToolTipFormat.arg(ui->lineEditTime->text(), Texts::inRichText(slice->label()), QString()),
+        showCallout(m_strToolTipFormat.arg(Texts::inRichText(ui->lineEditTime->text()),
+                        Texts::inRichText(slice->label()), QString()),
             QCursor::pos());
     else
         hideCallout();

@@ -77,6 +77,6 @@ QString BasicChart::detailTitle(const char *key) const
     return QStringLiteral("<html><head><style>font{font-size:15px;} #f{color: ") + timeColour
         + QStringLiteral(";}")
         + QStringLiteral("</style></head><body><font id=\"f\"> %1 %2</font><font> %3%4</font></body></html>")
-              .arg(ui->lineEditTime->text(), Texts::inRichText(m_strSelectedBar),
+              .arg(Texts::inRichText(ui->lineEditTime->text()), Texts::inRichText(m_strSelectedBar),
                   Texts::sentence(unitKey(m_nTimeType)), translatedOrEmpty(key));
 }

@@ -34,9 +34,9 @@ inline QString title(const char *key)
 /// fit, takes the square of its length in memory.
 constexpr qsizetype mostCharactersShown = 1000;
 
-/// A name of the server's as part of rich text. What looks like a tag in it is shown as it stands; as a tag
-/// it would vanish, and one of a picture that is wider than a layout can count keeps that layout busy for
-/// ever.
+/// A name of the server's, or another text that is none of ours, as part of rich text. What looks like a tag
+/// in it is shown as it stands; as a tag it would vanish, and one of a picture that is wider than a layout
+/// can count keeps that layout busy for ever.
 inline QString inRichText(const QString &name)
 {
     return name.left(mostCharactersShown).replace(QLatin1Char('<'), QLatin1String("&lt;"));

@@ -91,7 +91,7 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
     }
     qDebug() << "BasicChart::slotBarSelected index " << index << "size" << barDataList.size();
     const ServiceTypeRow &row = serviceType();
-    const QString time = ui->lineEditTime->text();
+    const QString time = Texts::inRichText(ui->lineEditTime->text());
     if (row.dual()) {
         const QString label = barset->label();
         showCallout(

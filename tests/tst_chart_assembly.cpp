@@ -1,4 +1,5 @@
 #include "support/ChartProbe.h"
+#include "support/EventCount.h"
 #include "support/LogCapture.h"
 
 #include <devhost/widgets/HostSettings.h>
@@ -7,6 +8,8 @@
 
 #include <functional>
 #include <limits>
+#include <memory>
+#include <vector>
 
 using namespace ChartProbe;
 
@@ -74,6 +77,8 @@ private Q_SLOTS:
     void reloadKeepsViewsAndControls();
     void reloadReplacesAllCharts_data();
     void reloadReplacesAllCharts();
+    void reloadPaintsEachViewOnce_data();
+    void reloadPaintsEachViewOnce();
     void replacedChartGoesWithAllItsParts_data();
     void replacedChartGoesWithAllItsParts();
     void manyReloadsLeaveNothingBehind_data();
@@ -651,6 +656,33 @@ void ChartAssemblyTest::reloadReplacesAllCharts()
         QVERIFY(chart.isNull());
     for (const QPointer<QChart> &chart : charts(page))
         QVERIFY(chart);
+}
+
+void ChartAssemblyTest::reloadPaintsEachViewOnce_data()
+{
+    kinds();
+}
+
+// Before the series begin to grow; their steps wait for a clock.
+void ChartAssemblyTest::reloadPaintsEachViewOnce()
+{
+    QFETCH(int, type);
+    ChartStage stage(type, ChartStage::OnScreen);
+    ProbePage &page = stage.page;
+    fill(page);
+    stage.load();
+    std::vector<std::unique_ptr<EventCount>> paints;
+    for (const ZrChartView *view : std::as_const(page.m_chartViewList))
+        paints.push_back(std::make_unique<EventCount>(view->viewport(), QEvent::Paint));
+
+    page.loadChart();
+    page.loadChart();
+    for (int round = 0; round < 3; ++round)
+        QCoreApplication::sendPostedEvents();
+    for (const auto &paint : paints)
+        QCOMPARE(paint->count, 1);
+    for (const ZrChartView *view : std::as_const(page.m_chartViewList))
+        QVERIFY(view->updatesEnabled());
 }
 
 void ChartAssemblyTest::replacedChartGoesWithAllItsParts_data()

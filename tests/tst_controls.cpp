@@ -1,3 +1,4 @@
+#include "support/EventCount.h"
 #include "support/LogCapture.h"
 #include "support/TestMain.h"
 
@@ -68,29 +69,6 @@ public:
     using ZrDialog::closeZrDialog;
     using ZrDialog::showZrDialog;
     using ZrDialog::ZrDialog;
-};
-
-/// Counts events of one type on their way to an object.
-class EventCount : public QObject
-{
-public:
-    EventCount(QObject *watched, QEvent::Type type)
-        : m_type(type)
-    {
-        watched->installEventFilter(this);
-    }
-
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        count += event->type() == m_type;
-        return false;
-    }
-
-private:
-    QEvent::Type m_type;
 };
 
 QList<QWidget *> toastsOn(const QWidget &page)

@@ -1,3 +1,4 @@
+#include "support/EventCount.h"
 #include "support/PageScene.h"
 #include "support/TestMain.h"
 #include "support/TextRecorder.h"
@@ -116,27 +117,6 @@ public:
         steps.append(QStringLiteral("unpolish ") + widget->objectName());
         QProxyStyle::unpolish(widget);
     }
-};
-
-class EventCounter : public QObject
-{
-public:
-    EventCounter(QObject *watched, QEvent::Type type)
-        : m_type(type)
-    {
-        watched->installEventFilter(this);
-    }
-    int count = 0;
-
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == m_type)
-            ++count;
-        return false;
-    }
-
-private:
-    QEvent::Type m_type;
 };
 
 QString translated(const char *key, AppLanguageTr::CaptitalType type)
@@ -1350,7 +1330,7 @@ void TestForm::highlightRepaintsTheButton()
     showPage(page);
     auto *button = page.part<ZrPushButton>("pushButtonDay");
     QTest::qWait(50);
-    const EventCounter paints(button, QEvent::Paint);
+    const EventCount paints(button, QEvent::Paint);
     QTest::qWait(50);
     QCOMPARE(paints.count, 0);
     page.setButtonHighlight(button, true);
