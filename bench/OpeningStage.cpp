@@ -36,5 +36,8 @@ std::unique_ptr<QWidget> bareForms()
     column->addWidget(tabs);
     for (int page = 0; page < pages; ++page)
         tabs->addTab(new BareForm, QStringLiteral("Page %1").arg(page + 1));
+    // The tab host's form opens on the last tab before the first is chosen, which lays out one page more.
+    tabs->setCurrentIndex(pages - 1);
+    tabs->setCurrentIndex(0);
     return host;
 }

@@ -21,6 +21,9 @@ readonly coverage_packages=(
 readonly bench_packages=(
     libbenchmark-dev valgrind
 )
+readonly memcheck_packages=(
+    valgrind
+)
 readonly mutation_packages=(
     python3 python3-clang-14
 )
