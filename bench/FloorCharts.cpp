@@ -197,11 +197,20 @@ QChart *barChart(const ChartFigures &figures, BarItems &items)
         series->setBarWidth(0.15);
     } else {
         series = new QStackedBarSeries(chart);
-        chart->legend()->setVisible(false);
-        QBarSet *set = barSet("TK_Organization", theme("$word_tabbar2_select"));
+        if (figures.devices)
+            showLegend(chart, Qt::AlignTop);
+        else
+            chart->legend()->setVisible(false);
+        QBarSet *set = barSet(figures.devices ? "TK_IPC" : "TK_Organization", theme("$word_tabbar2_select"));
         for (const auto &entry : figures.bars)
             set->append(entry.second);
         series->append(set);
+        if (figures.devices) {
+            QBarSet *recorders = barSet("TK_NVRAndDVR", secondColour);
+            for (int i = 0; i < figures.bars.size(); ++i)
+                recorders->append(0);
+            series->append(recorders);
+        }
         series->setBarWidth(figures.bars.size() > 1 ? 0.15 : 0.075);
     }
     chart->addSeries(series);
@@ -307,6 +316,11 @@ FloorCharts::FloorCharts(QSize windowSize, const std::array<QRect, 3> &places)
         m_views[i] = new QChartView(new QChart, this);
         m_views[i]->setGeometry(places[i]);
     }
+}
+
+std::array<QRect, 3> FloorCharts::places() const
+{
+    return {m_views[0]->geometry(), m_views[1]->geometry(), m_views[2]->geometry()};
 }
 
 void FloorCharts::show(QChartView *view, QChart *chart)

@@ -16,6 +16,7 @@ struct UserData;
 struct ChartFigures
 {
     bool dual = false;     ///< two sets of bars and two lines, as traffic has them
+    bool devices = false;  ///< cameras and recorders in two sets, here cameras alone
     QString lineName;      ///< legend of a single line
     QStringList lineNames; ///< legends of two lines
     LabelledValues bars;
@@ -42,6 +43,7 @@ public:
     void reloadLineAndPie(const ChartFigures &figures);
 
     const Views &views() const { return m_views; }
+    std::array<QRect, 3> places() const;
 
 private:
     void show(QChartView *view, QChart *chart);

@@ -27,6 +27,11 @@ std::unique_ptr<QWidget> tabHost()
     return std::make_unique<DataStaticsWidget>();
 }
 
+std::unique_ptr<QWidget> bareForm()
+{
+    return std::make_unique<BareForm>();
+}
+
 std::unique_ptr<QWidget> bareForms()
 {
     constexpr int pages = 4;

@@ -23,6 +23,11 @@ std::string channelUid(int bar)
     return "channel-" + std::to_string(bar);
 }
 
+std::string deviceUid(int bar)
+{
+    return "device-" + std::to_string(bar);
+}
+
 int falling(int bar, int bars)
 {
     return 100 + 7 * (bars - bar);
@@ -88,6 +93,19 @@ void answerTrafficOfDevices(ScriptedStatisticsManager &manager, int bars, bool a
     answerMinorTypes(manager);
 }
 
+std::vector<AlarmStatisticsRecord> alarmsOfADay()
+{
+    std::vector<AlarmStatisticsRecord> rows;
+    for (int hour = 0; hour < hours; ++hour) {
+        AlarmStatisticsRecord row;
+        row.timeLabel = hourLabel(hour);
+        row.alarmType = 1 + hour % slices;
+        row.count = hour * 3 + 1;
+        rows.push_back(row);
+    }
+    return rows;
+}
+
 void answerAlarmsOfOrganisations(ScriptedStatisticsManager &manager, int bars, bool ascending)
 {
     TalvixGetAlarmStatisticsOfOrgasResponseMessage level;
@@ -101,14 +119,27 @@ void answerAlarmsOfOrganisations(ScriptedStatisticsManager &manager, int bars, b
     manager.alarmStatisticsOfOrgas.answers(level);
 
     TalvixGetAlarmStatisticsOfOrgaResponseMessage day;
-    for (int hour = 0; hour < hours; ++hour) {
-        AlarmStatisticsRecord row;
-        row.timeLabel = hourLabel(hour);
-        row.alarmType = 1 + hour % slices;
-        row.count = hour * 3 + 1;
-        day.records.push_back(row);
-    }
+    day.records = alarmsOfADay();
     manager.alarmStatisticsOfOrga.answers(day);
+}
+
+void answerAlarmsOfDevices(ScriptedStatisticsManager &manager, int bars, bool ascending)
+{
+    TalvixGetAlarmStatisticsOfDevicesResponseMessage level;
+    level.curPage = 2;
+    level.totalPage = 3;
+    for (int bar = 0; bar < bars; ++bar) {
+        AlarmStatisticsRecord row;
+        row.uid = deviceUid(bar);
+        row.count = falling(bar, bars);
+        level.records.push_back(row);
+    }
+    level.records = inOrder(std::move(level.records), ascending);
+    manager.alarmStatisticsOfDevices.answers(level);
+
+    TalvixGetAlarmStatisticsOfDeviceResponseMessage day;
+    day.records = alarmsOfADay();
+    manager.alarmStatisticsOfDevice.answers(day);
 }
 
 } // namespace
@@ -121,6 +152,8 @@ void fillWorld(FakeKrxClient &client, Kind kind, int bars)
     for (int bar = 0; bar < bars; ++bar) {
         if (kind == TrafficOfDevices)
             client.addChannel(channelUid(bar), QStringLiteral("Camera %1").arg(bar + 1));
+        else if (kind == AlarmsOfDevices)
+            client.addDevice(deviceUid(bar), "Camera " + std::to_string(bar + 1));
         else
             client.addOrganisation(firstOrganisation + bar, "Plant " + std::to_string(bar + 1), 1);
     }
@@ -131,6 +164,9 @@ void answerRows(ScriptedStatisticsManager &manager, Kind kind, int bars, bool as
     switch (kind) {
     case AlarmsOfOrganisations:
         answerAlarmsOfOrganisations(manager, bars, ascending);
+        break;
+    case AlarmsOfDevices:
+        answerAlarmsOfDevices(manager, bars, ascending);
         break;
     case TrafficOfOrganisations:
         answerTrafficOfOrganisations(manager, bars, ascending);

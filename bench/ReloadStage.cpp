@@ -1,5 +1,6 @@
 #include "ReloadStage.h"
 
+#include "OpeningStage.h"
 #include "Settle.h"
 
 #include <TalvixWidgets/ZrChartView.h>
@@ -28,7 +29,8 @@ QImage picture(QGraphicsView *view)
 
 ReloadStage::ReloadStage(Kind kind, int bars)
     : m_page(kind)
-    , m_dual(kind != AlarmsOfOrganisations)
+    , m_dual(kind == TrafficOfOrganisations || kind == TrafficOfDevices)
+    , m_devices(kind == AlarmsOfDevices)
 {
     fillWorld(m_client, kind, bars);
     answerRows(m_manager, kind, bars);
@@ -54,6 +56,7 @@ ChartFigures ReloadStage::figures() const
 {
     ChartFigures result;
     result.dual = m_dual;
+    result.devices = m_devices;
     result.lineName = m_page.m_strSelectedBar;
     result.lineNames = m_page.lineNames;
     result.bars = m_page.barDataList;
@@ -87,6 +90,33 @@ void ReloadStage::drillDownFloor()
 {
     m_floor->reloadLineAndPie(m_figures);
     settle();
+}
+
+void ReloadStage::turnPage()
+{
+    m_page.slotNext();
+    settle();
+}
+
+std::unique_ptr<QWidget> ReloadStage::openedPage(Kind kind)
+{
+    auto page = std::make_unique<ProbePage>(kind);
+    page->resize(pageSize);
+    page->show();
+    settle();
+    return page;
+}
+
+std::unique_ptr<QWidget> ReloadStage::openedFloor() const
+{
+    std::unique_ptr<QWidget> form = bareForm();
+    form->resize(pageSize);
+    auto *floor = new FloorCharts(m_floor->size(), m_floor->places());
+    floor->setParent(form.get());
+    form->show();
+    floor->reload(m_figures);
+    settle();
+    return form;
 }
 
 bool ReloadStage::samePictures()

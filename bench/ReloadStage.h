@@ -25,6 +25,14 @@ public:
     void drillDownPage();
     void drillDownFloor();
 
+    /// A page of a paged kind fetches and shows its next page.
+    void turnPage();
+
+    /// A new page of the stage's kind, shown and loaded for the first time.
+    static std::unique_ptr<QWidget> openedPage(Kind kind);
+    /// A bare form with the floor's charts, likewise.
+    std::unique_ptr<QWidget> openedFloor() const;
+
     /// Whether page and floor show the same, to the pixel. Says on stderr which view differs.
     bool samePictures();
     /// Writes both pictures of each view into the present directory.
@@ -44,4 +52,5 @@ private:
     std::unique_ptr<FloorCharts> m_floor;
     ChartFigures m_figures;
     bool m_dual;
+    bool m_devices;
 };

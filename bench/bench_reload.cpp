@@ -94,6 +94,23 @@ void tabChange(benchmark::State &state)
     });
 }
 
+// A page that was never open, against a bare form with the floor's charts.
+void firstLoad(benchmark::State &state)
+{
+    const auto stage = stageOf(state);
+    const auto kind = static_cast<Kind>(state.range(0));
+    alternate(
+        state, [kind] { ReloadStage::openedPage(kind); }, [&] { stage->openedFloor(); });
+}
+
+// The answer names the page that is shown, so that there is always a next one.
+void pageTurn(benchmark::State &state)
+{
+    const auto stage = stageOf(state);
+    alternate(
+        state, [&] { stage->turnPage(); }, [&] { stage->reloadFloor(); });
+}
+
 /// Counts the paints of a view.
 class PaintCount : public QObject
 {
@@ -165,7 +182,13 @@ void rows(benchmark::internal::Benchmark *measure)
 }
 
 BENCHMARK(newSearch)->Apply(rows);
+BENCHMARK(firstLoad)->Apply(rows);
 BENCHMARK(drillDown)->Apply(rows);
+BENCHMARK(pageTurn)
+    ->ArgsProduct({{AlarmsOfDevices}, {1, 10, 24, 100}})
+    ->ArgNames({"kind", "bars"})
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(sortPress)->Apply(rows);
 BENCHMARK(tabChange)->Apply(rows);
 BENCHMARK(paints)->Args({TrafficOfOrganisations, 24})->Iterations(1);

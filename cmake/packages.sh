@@ -24,6 +24,9 @@ readonly bench_packages=(
 readonly memcheck_packages=(
     valgrind
 )
+readonly repeat_packages=(
+    libfaketime
+)
 readonly mutation_packages=(
     python3 python3-clang-14
 )

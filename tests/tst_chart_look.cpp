@@ -16,6 +16,7 @@ constexpr double labelShare = 0.37;
 constexpr double legendShare = 0.4;
 constexpr double markerLines = 2.2;
 constexpr int smallest = 9;
+constexpr double valueLabels = 32;
 
 double widest(const QStringList &texts, const QFont &font)
 {
@@ -56,6 +57,8 @@ struct BarStage
         ChartLook::removeMargins(*chart);
     }
 
+    /// About the width of a view that leaves each label \a room; the labels of values take the rest.
+    int widthWithRoom(double room) const { return static_cast<int>(count * room + valueLabels); }
     int usualPixels() const { return QFontInfo(usual).pixelSize(); }
     int pixels() const { return QFontInfo(axis->labelsFont()).pixelSize(); }
     double room() const { return chart->plotArea().width() / count; }
@@ -151,16 +154,16 @@ void ChartLookTest::labelsWithRoomStayAsTheyAre()
 
 void ChartLookTest::crowdedLabelsGetTheLargestFontThatFitsLevel_data()
 {
-    QTest::addColumn<int>("width");
-    for (int width = 580; width <= 740; width += 10)
-        QTest::addRow("%d pixels wide", width) << width;
+    QTest::addColumn<int>("percent");
+    for (int percent = 78; percent <= 98; percent += 2)
+        QTest::addRow("room for %d percent of the font", percent) << percent;
 }
 
 void ChartLookTest::crowdedLabelsGetTheLargestFontThatFitsLevel()
 {
-    QFETCH(int, width);
+    QFETCH(int, percent);
     BarStage stage(labels(6, 12));
-    show(stage.view, {width, 300});
+    show(stage.view, {stage.widthWithRoom(gap + stage.width * percent / 100), 300});
     QVERIFY2(stage.fitsLevel(smallest), "the row is too narrow for its purpose");
     QCOMPARE(stage.axis->labelsAngle(), 0);
     QVERIFY(stage.fitsLevel(stage.pixels()));
@@ -196,7 +199,10 @@ void ChartLookTest::labelsWithoutRoomStandUprightInTheLargestFontThatFits()
 void ChartLookTest::labelsThatFitUprightStandEvenInWidePlaces()
 {
     BarStage stage(labels(6, 12));
-    show(stage.view, {500, 190});
+    const double height = stage.width * (smallest + 0.5) / stage.usualPixels();
+    const double roomForLevel = gap + stage.width * smallest / stage.usualPixels();
+    show(stage.view,
+        {stage.widthWithRoom((height + roomForLevel) / 2), static_cast<int>(height / labelShare)});
     QVERIFY(!stage.fitsLevel(smallest));
     QVERIFY(stage.fitsUpright(smallest));
     QVERIFY(!stage.fitsUpright(smallest + 1));
