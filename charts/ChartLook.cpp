@@ -31,7 +31,8 @@ constexpr QColor axisColour(63, 65, 71, 255);
 constexpr double axisWidth = 1.5;
 constexpr double gridWidth = 1.0;
 constexpr int ticks = 6;
-constexpr QChar invisibleMark(0x200B);
+constexpr QChar invisibleOne(0x200B);
+constexpr QChar invisibleZero(0x2060);
 // What the axis itself keeps free around a label before it shortens it.
 constexpr double gapBetweenLabels = 20;
 // What the axis keeps free beside the labels of values.
@@ -51,6 +52,14 @@ constexpr double legendMarkerInLines = 2.2;
 // How many hold the painting of a view.
 constexpr char holdsProperty[] = "paintingHolds";
 
+// The digits of a number, without any for 0.
+QString invisibleMarks(int number)
+{
+    if (number == 0)
+        return {};
+    return QString::number(number, 2).replace(u'1', invisibleOne).replace(u'0', invisibleZero);
+}
+
 // A category axis drops labels that it has already and null ones, and every bar behind them would stand under
 // a wrong label. Invisible marks behind the text tell such labels apart.
 QStringList distinctLabels(const QStringList &labels)
@@ -62,9 +71,9 @@ QStringList distinctLabels(const QStringList &labels)
     for (const QString &given : labels) {
         const QString label = Texts::inRichText(given);
         int &marks = marksOf[label];
-        QString candidate = label.isNull() ? QStringLiteral("") : label + QString(marks, invisibleMark);
+        QString candidate = QStringLiteral("") + label + invisibleMarks(marks);
         while (taken.contains(candidate))
-            candidate = label + QString(++marks, invisibleMark);
+            candidate = label + invisibleMarks(++marks);
         taken.insert(candidate);
         distinct.append(candidate);
     }

@@ -104,7 +104,9 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
         return;
     }
     const auto &[name, value] = barDataList.at(index);
-    const QString figure = row.calloutInPercent ? numberText(value) + QLatin1Char('%') : numberText(value);
+    QString figure = numberText(value);
+    if (row.calloutInPercent)
+        figure += QLatin1Char('%');
     showCallout(m_strToolTipFormat.arg(time).arg(Texts::inRichText(name)).arg(figure), QCursor::pos());
     if (name != m_strSelectedBar)
         focusBar(name);

@@ -119,7 +119,9 @@ void BasicChart::setOnlinePieAndLineList(const std::vector<OnlineStatisticsRecor
 QString BasicChart::organisationName(int id)
 {
     TalvixGroup *organisation = KrxClient::instance()->getOrgaInfoById(id);
-    return organisation ? translatedName(organisation->get_group_name()) : QString::number(id);
+    if (!organisation)
+        return QString::number(id);
+    return translatedName(organisation->get_group_name());
 }
 
 void BasicChart::appendBar(const QString &name, const QString &key, int value)
@@ -169,8 +171,9 @@ void BasicChart::setLineAndPieItem(const std::string &label, int value, int alar
     if (value == 0)
         return;
     if (alarmType != noAlarmType) {
-        TalvixAlarmType *type = KrxClient::instance()->getAlarmTypeByCode(alarmType);
-        name = type ? translatedName(type->get_alarm_type_name()) : QString::number(alarmType);
+        name = QString::number(alarmType);
+        if (TalvixAlarmType *type = KrxClient::instance()->getAlarmTypeByCode(alarmType))
+            name = translatedName(type->get_alarm_type_name());
     }
     fold(pieDataList, m_pieLabels, name, value);
 }

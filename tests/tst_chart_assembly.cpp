@@ -77,6 +77,7 @@ private Q_SLOTS:
     void reloadKeepsViewsAndControls();
     void reloadReplacesAllCharts_data();
     void reloadReplacesAllCharts();
+    void firstLoadKeepsControlsThatAreThere();
     void reloadPaintsEachViewOnce_data();
     void reloadPaintsEachViewOnce();
     void replacedChartGoesWithAllItsParts_data();
@@ -656,6 +657,21 @@ void ChartAssemblyTest::reloadReplacesAllCharts()
         QVERIFY(chart.isNull());
     for (const QPointer<QChart> &chart : charts(page))
         QVERIFY(chart);
+}
+
+void ChartAssemblyTest::firstLoadKeepsControlsThatAreThere()
+{
+    ChartStage stage(9);
+    ProbePage &page = stage.page;
+    fill(page);
+    auto *modes = new QComboBox(&page);
+    auto *total = new QLabel(&page);
+    page.comboBoxPie = modes;
+    page.labelPiecount = total;
+    page.loadChart();
+    QCOMPARE(page.comboBoxPie, modes);
+    QCOMPARE(page.labelPiecount, total);
+    QCOMPARE(modes->width(), 150);
 }
 
 void ChartAssemblyTest::reloadPaintsEachViewOnce_data()

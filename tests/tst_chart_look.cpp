@@ -126,6 +126,7 @@ class ChartLookTest : public QObject
 
 private Q_SLOTS:
     void labelsWithRoomStayAsTheyAre();
+    void labelsForAViewWithoutASizeStayAsTheyAre();
     void crowdedLabelsGetTheLargestFontThatFitsLevel_data();
     void crowdedLabelsGetTheLargestFontThatFitsLevel();
     void labelsWithoutRoomStandUprightInTheLargestFontThatFits_data();
@@ -150,6 +151,20 @@ void ChartLookTest::labelsWithRoomStayAsTheyAre()
     QVERIFY(stage.fitsLevel(stage.usualPixels()));
     QCOMPARE(stage.pixels(), stage.usualPixels());
     QCOMPARE(stage.axis->labelsAngle(), 0);
+}
+
+void ChartLookTest::labelsForAViewWithoutASizeStayAsTheyAre()
+{
+    ZrChartView view(new QChart);
+    view.resize(0, 0);
+    QChart chart;
+    QBarCategoryAxis *axis = ChartLook::categoryAxis(labels(40, 12));
+    chart.addAxis(axis, Qt::AlignBottom);
+    const QFont usual = axis->labelsFont();
+    ChartLook::keepLabelsReadable(chart, axis, &view);
+    QCOMPARE(axis->labelsFont(), usual);
+    QCOMPARE(axis->labelsAngle(), 0);
+    QVERIFY(axis->labelsVisible());
 }
 
 void ChartLookTest::crowdedLabelsGetTheLargestFontThatFitsLevel_data()

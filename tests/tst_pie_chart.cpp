@@ -42,6 +42,7 @@ private Q_SLOTS:
     void namesAreShownToTheLetter_data();
     void namesAreShownToTheLetter();
     void legendShowsTagsAsText();
+    void aPieWithoutATotalTakesAnySize();
     void builderSetsThePieTitleOnly_data();
     void builderSetsThePieTitleOnly();
     void logLine();
@@ -555,6 +556,17 @@ void PieChartTest::legendShowsTagsAsText()
     QCOMPARE(chart->legend()->markers().constFirst()->label(),
         QStringLiteral("&lt;img src=\"x\" width=9999999> | 100.0% 3"));
     QCOMPARE(pie(chart)->slices().at(0)->label(), "<img src=\"x\" width=9999999> | 100.0% 3");
+}
+
+void PieChartTest::aPieWithoutATotalTakesAnySize()
+{
+    ChartStage stage(1);
+    stage.page.pieDataList = {{"smoke", 3}};
+    const OwnedChart chart = build(stage.page);
+    QVERIFY(!stage.page.labelPiecount);
+    chart->resize(500, 300);
+    QVERIFY(!stage.page.labelPiecount);
+    QCOMPARE(chart->size(), QSizeF(500, 300));
 }
 
 void PieChartTest::builderSetsThePieTitleOnly_data()

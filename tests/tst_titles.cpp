@@ -30,6 +30,7 @@ private Q_SLOTS:
     void namesStandToTheLetter_data();
     void namesStandToTheLetter();
     void tagsInANameAreShownAsText();
+    void anotherLabelHasNoTitle();
     void aLongNameWidensNoPage();
     void timeStandsToTheLetter();
     void colourOfTheSpanIsTheThemes();
@@ -300,6 +301,16 @@ void TitlesTest::tagsInANameAreShownAsText()
     QVERIFY(title(stage.page, "labelLineChartTitle").contains("&lt;img src=\"x\" width=9999999></font>"));
     QVERIFY(title(stage.page, "labelPieChartTitle").contains("&lt;img src=\"x\" width=9999999></font>"));
     QCOMPARE(stage.page.m_strSelectedBar, QStringLiteral("<img src=\"x\" width=9999999>"));
+}
+
+void TitlesTest::anotherLabelHasNoTitle()
+{
+    ChartStage stage(1);
+    QLabel other;
+    LogCapture log;
+    QCOMPARE(stage.page.getChartTitle(&other), QString());
+    QCOMPARE(stage.page.getChartTitle(nullptr), QString());
+    QVERIFY(log.lines(QtDebugMsg).isEmpty());
 }
 
 void TitlesTest::aLongNameWidensNoPage()
