@@ -182,7 +182,7 @@ void BasicChart::replaceChart(int view, QChart *(BasicChart::*builder)())
 
 void BasicChart::reloadLineAndPieChart()
 {
-    const ChartLook::HeldPainting hold(m_chartViewList);
+    const ChartLook::HeldPainting hold(m_chartViewList.mid(LineView));
     replaceChart(LineView, &BasicChart::lineChart);
     if (!serviceType().pieless)
         replaceChart(PieView, &BasicChart::createPieChart);
@@ -191,7 +191,7 @@ void BasicChart::reloadLineAndPieChart()
 
 void BasicChart::reloadPieChart()
 {
-    const ChartLook::HeldPainting hold(m_chartViewList);
+    const ChartLook::HeldPainting hold(m_chartViewList.mid(PieView));
     if (ui->widgetPie->isVisible())
         replaceChart(PieView, &BasicChart::createPieChart);
     finishChartChange();
