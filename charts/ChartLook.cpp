@@ -9,6 +9,7 @@
 #include <QtCharts/QLegend>
 #include <QtCharts/QLegendMarker>
 #include <QtCharts/QValueAxis>
+#include <QtCore/QAbstractAnimation>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QHash>
 #include <QtCore/QSet>
@@ -49,8 +50,6 @@ constexpr double gapAroundLabels = 5;
 // A legend beside a chart gets no more of its width than this.
 constexpr double legendShare = 0.4;
 constexpr double legendMarkerInLines = 2.2;
-// How many hold the painting of a view.
-constexpr char holdsProperty[] = "paintingHolds";
 
 // The digits of a number, without any for 0.
 QString invisibleMarks(int number)
@@ -209,9 +208,20 @@ void deliverCalls(const QChartView &view)
     QCoreApplication::sendPostedEvents(view.scene(), QEvent::MetaCall);
 }
 
-int holdsOf(const QChartView &view)
+// A series begins to grow by a call that is posted to its animation. Left to itself it would begin after the
+// finished chart has been painted.
+void beginAnimations(const QGraphicsItem &item)
 {
-    return view.property(holdsProperty).toInt();
+    const auto children = item.childItems();
+    for (QGraphicsItem *child : children) {
+        const QGraphicsObject *object = child->toGraphicsObject();
+        if (!object)
+            continue;
+        const auto animations = object->findChildren<QAbstractAnimation *>(Qt::FindDirectChildrenOnly);
+        for (QAbstractAnimation *animation : animations)
+            QCoreApplication::sendPostedEvents(animation, QEvent::MetaCall);
+        beginAnimations(*object);
+    }
 }
 
 // A chart lays itself out whenever its size changes. While this lives it only takes the size.
@@ -364,33 +374,23 @@ void showLaidOut(QChartView &view, QChart *chart)
 }
 
 HeldPainting::HeldPainting(const QList<ZrChartView *> &views)
-    : m_views(views)
 {
     for (ZrChartView *view : views) {
-        view->setProperty(holdsProperty, holdsOf(*view) + 1);
-        view->setUpdatesEnabled(false);
+        if (!view->testAttribute(Qt::WA_UpdatesDisabled)) {
+            view->setUpdatesEnabled(false);
+            m_views.append(view);
+        }
     }
 }
 
-// The animations of new charts begin by calls that the charts have posted. Released after those, the views
-// paint the first step of the animations at once, and not the charts' end before it. They go and come with
-// their page.
 HeldPainting::~HeldPainting()
 {
-    if (!m_views.isEmpty()) {
-        QMetaObject::invokeMethod(
-            m_views.constFirst(), [views = m_views] { release(views); }, Qt::QueuedConnection);
-    }
-}
-
-void HeldPainting::release(const QList<ZrChartView *> &views)
-{
-    for (ZrChartView *view : views) {
-        view->setProperty(holdsProperty, holdsOf(*view) - 1);
+    for (const QChartView *view : std::as_const(m_views)) {
+        beginAnimations(*view->chart());
         deliverCalls(*view);
     }
-    for (ZrChartView *view : views)
-        view->setUpdatesEnabled(holdsOf(*view) == 0);
+    for (QChartView *view : std::as_const(m_views))
+        view->setUpdatesEnabled(true);
 }
 
 } // namespace ChartLook

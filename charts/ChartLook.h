@@ -53,8 +53,8 @@ void setRenderLook(QChart &chart);
 /// Puts a new chart into its view, laid out once and for all.
 void showLaidOut(QChartView &view, QChart *chart);
 
-/// Keeps views from painting while it lives and until what its charts have posted is done, so that they paint
-/// once what came of all changes.
+/// Keeps views from painting while it lives, so that they paint once what came of all changes and of the
+/// first step of the animations.
 class HeldPainting
 {
 public:
@@ -63,8 +63,6 @@ public:
     Q_DISABLE_COPY(HeldPainting)
 
 private:
-    static void release(const QList<ZrChartView *> &views);
-
     QList<ZrChartView *> m_views;
 };
 
