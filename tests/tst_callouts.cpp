@@ -59,7 +59,6 @@ private Q_SLOTS:
     void barOutOfRangeShowsNothing();
     void namesStandToTheLetter_data();
     void namesStandToTheLetter();
-    void tagsInANameAreShownAsText();
     void aMarkerInTheNameOfABarTakesTheFigure_data();
     void aMarkerInTheNameOfABarTakesTheFigure();
 
@@ -637,43 +636,21 @@ void CalloutsTest::barOutOfRangeShowsNothing()
 void CalloutsTest::namesStandToTheLetter_data()
 {
     QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("shown");
 
-    QTest::newRow("empty") << "";
-    QTest::newRow("null") << QString();
-    QTest::newRow("the marker of the time") << "%1";
-    QTest::newRow("the marker of the value") << "%3";
-    QTest::newRow("an ampersand") << "Gate & Hall";
-    QTest::newRow("two hundred characters") << QString(200, 'x');
+    // Call-outs are rich text.
+    QTest::newRow("a tag") << "<img src=\"x\" width=9999999>"
+                           << "&lt;img src=\"x\" width=9999999>";
+    QTest::newRow("null") << QString() << QString();
+    for (const QString &same :
+        {QString(""), QString("%1"), QString("%3"), QString("Gate & Hall"), QString(200, 'x')})
+        QTest::addRow("\"%s\"", qUtf8Printable(same.left(20))) << same << same;
 }
 
 void CalloutsTest::namesStandToTheLetter()
 {
     QFETCH(QString, name);
-    ChartStage stage(1, ChartStage::OnScreen);
-    stage.page.m_nTimeType = 2;
-    stage.page.lineDataList = days;
-    stage.page.m_strSelectedBar = name;
-    stage.page.slotLineSelected(QPointF(1, 0), true);
-    QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-02", name, "7"));
-
-    QPieSlice slice(name, 3);
-    stage.page.slotPieSelected(&slice, true);
-    QCOMPARE(stage.page.labelCallout->text(), callout(span, name, ""));
-
-    // The text of a bar takes markers; the next test has them.
-    if (name.contains('%'))
-        return;
-    QBarSet set("set");
-    set.append(5);
-    stage.page.barDataList = {{name, 5}};
-    stage.page.slotBarSelected(true, 0, &set);
-    QCOMPARE(stage.page.labelCallout->text(), callout(span, name, "5"));
-}
-
-void CalloutsTest::tagsInANameAreShownAsText()
-{
-    const QString name = "<img src=\"x\" width=9999999>";
-    const QString shown = "&lt;img src=\"x\" width=9999999>";
+    QFETCH(QString, shown);
     ChartStage stage(1, ChartStage::OnScreen);
     stage.page.m_nTimeType = 2;
     stage.page.lineDataList = days;
@@ -685,6 +662,9 @@ void CalloutsTest::tagsInANameAreShownAsText()
     stage.page.slotPieSelected(&slice, true);
     QCOMPARE(stage.page.labelCallout->text(), callout(span, shown, ""));
 
+    // The text of a bar takes markers; the next test has them.
+    if (name.contains('%'))
+        return;
     QBarSet set("set");
     set.append(5);
     stage.page.barDataList = {{name, 5}};
