@@ -21,12 +21,13 @@ export TALVIX_MONKEY_EVENTS=450 TALVIX_SOAK_CYCLES=9 TALVIX_SOAK_RELOADS=20
 # Prints what memcheck found in a test. A test that goes by the clock may fail on so slow a machine; what it asserts is not
 # the matter here.
 check() {
-    local test=$1 found
+    local test=$1 found totals
     valgrind --quiet --suppressions="$PWD/tests/memcheck.supp" --num-callers=25 --log-file="$2/$test.memcheck" \
         "build/dev/tests/$test" > "$2/$test.log" 2>&1 || true
     found=$(grep -cE '^==[0-9]+== (Invalid|Conditional|Use of|Syscall|Mismatched|Source and)' "$2/$test.memcheck" || true)
-    tail -n 2 "$2/$test.log" | grep -o 'Totals:.*' | sed "s/^/$test: $found errors; /" || echo "$test: did not end"
-    [[ $found -eq 0 ]]
+    totals=$(grep -o 'Totals:.*' "$2/$test.log") || totals="did not end"
+    echo "$test: ${found:-0} errors; $totals"
+    [[ $found -eq 0 && $totals != "did not end" ]]
 }
 export -f check
 printf '%s\0' "${tests[@]}" | xargs -0 -I TEST -P "$(nproc)" bash -c 'check "$@"' check TEST "$work"

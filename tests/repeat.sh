@@ -6,6 +6,10 @@ set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 rounds=${1:-50}
+if ! [[ $rounds =~ ^[1-9][0-9]*$ ]]; then
+    echo "usage: ${BASH_SOURCE[0]} [ROUNDS]" >&2
+    exit 2
+fi
 source "$root/cmake/packages.sh"
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" "${repeat_packages[@]}"
 
