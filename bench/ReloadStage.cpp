@@ -98,10 +98,10 @@ void ReloadStage::turnPage()
     settle();
 }
 
-std::unique_ptr<QWidget> ReloadStage::openedPage(Kind kind)
+std::unique_ptr<QWidget> ReloadStage::openedPage(Kind kind) const
 {
     auto page = std::make_unique<ProbePage>(kind);
-    page->resize(pageSize);
+    page->resize(m_page.size());
     page->show();
     settle();
     return page;
@@ -110,7 +110,7 @@ std::unique_ptr<QWidget> ReloadStage::openedPage(Kind kind)
 std::unique_ptr<QWidget> ReloadStage::openedFloor() const
 {
     std::unique_ptr<QWidget> form = bareForm();
-    form->resize(pageSize);
+    form->resize(m_page.size());
     auto *floor = new FloorCharts(m_floor->size(), m_floor->places());
     floor->setParent(form.get());
     form->show();

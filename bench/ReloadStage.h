@@ -29,7 +29,7 @@ public:
     void turnPage();
 
     /// A new page of the stage's kind, shown and loaded for the first time.
-    static std::unique_ptr<QWidget> openedPage(Kind kind);
+    std::unique_ptr<QWidget> openedPage(Kind kind) const;
     /// A bare form with the floor's charts, likewise.
     std::unique_ptr<QWidget> openedFloor() const;
 

@@ -100,7 +100,7 @@ void firstLoad(benchmark::State &state)
     const auto stage = stageOf(state);
     const auto kind = static_cast<Kind>(state.range(0));
     alternate(
-        state, [kind] { ReloadStage::openedPage(kind); }, [&] { stage->openedFloor(); });
+        state, [&] { stage->openedPage(kind); }, [&] { stage->openedFloor(); });
 }
 
 // The answer names the page that is shown, so that there is always a next one.

@@ -28,15 +28,26 @@ constexpr int pieModeWidth = 150;
 constexpr QRgb windowColour = 0x191A1E;
 constexpr QRgb windowTextColour = 0xD6D6D6;
 
+// From the inside outwards: an inner layout tells the outer ones how much it needs.
+void activateLayouts(QWidget &widget)
+{
+    const auto children = widget.findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    for (QWidget *child : children)
+        activateLayouts(*child);
+    if (widget.layout())
+        widget.layout()->activate();
+}
+
 } // namespace
 
 void BasicChart::loadChart()
 {
     qDebug() << "BasicChart::loadChart";
     const ChartLook::HeldPainting hold(m_chartViewList);
+    const bool first = m_chartViewList.isEmpty();
     if (!barDataList.isEmpty())
         m_strSelectedBar = barDataList.constFirst().first;
-    if (m_chartViewList.isEmpty()) {
+    if (first) {
         qDebug() << "BasicChart::loadChart  frist loadcharts";
         firstLoadCharts();
     } else {
@@ -50,6 +61,8 @@ void BasicChart::loadChart()
     }
     fillPieModes();
     finishChartChange();
+    if (first)
+        placeFirstCharts();
 }
 
 void BasicChart::firstLoadCharts()
@@ -68,6 +81,18 @@ void BasicChart::firstLoadCharts()
     connect(this, &BasicChart::barSetChanged, this, &BasicChart::slotBarSetChanged);
     for (ZrChartView *view : std::as_const(m_chartViewList))
         connect(view, &ZrChartView::mouseMoved, this, &BasicChart::slotRecvMouseMove);
+}
+
+// The layouts would show and place the new views later on, and each of their sizes on the way would cost a
+// layout of the charts.
+void BasicChart::placeFirstCharts()
+{
+    const ChartLook::HeldPainting hold(m_chartViewList);
+    for (ZrChartView *view : std::as_const(m_chartViewList))
+        view->show();
+    activateLayouts(*this);
+    for (ZrChartView *view : std::as_const(m_chartViewList))
+        ChartLook::layOut(*view);
 }
 
 void BasicChart::loadBarView()
@@ -127,6 +152,7 @@ void BasicChart::loadPieView()
 
 ZrChartView *BasicChart::addChartView(QChart *chart)
 {
+    ChartLook::holdLayout(*chart);
     auto *view = new ZrChartView(chart, nullptr);
     m_chartViewList.append(view);
     return view;
@@ -177,7 +203,10 @@ void BasicChart::replaceChart(int view, QChart *(BasicChart::*builder)())
         return;
     ZrChartView *chartView = m_chartViewList.at(view);
     chartView->chart()->deleteLater();
-    ChartLook::showLaidOut(*chartView, (this->*builder)());
+    QChart *chart = (this->*builder)();
+    ChartLook::holdLayout(*chart);
+    chartView->setChart(chart);
+    ChartLook::layOut(*chartView);
 }
 
 void BasicChart::reloadLineAndPieChart()

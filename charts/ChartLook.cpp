@@ -12,6 +12,7 @@
 #include <QtCore/QAbstractAnimation>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QHash>
+#include <QtCore/QPointer>
 #include <QtCore/QSet>
 #include <QtGui/QFontInfo>
 #include <QtGui/QFontMetricsF>
@@ -208,6 +209,21 @@ void deliverCalls(const QChartView &view)
     QCoreApplication::sendPostedEvents(view.scene(), QEvent::MetaCall);
 }
 
+// What stood for a replaced axis is deleted later, and its place would be painted once more then.
+void deleteReplaced(const QChart &chart)
+{
+    QList<QPointer<QObject>> parts;
+    const auto items = chart.childItems();
+    for (QGraphicsItem *item : items) {
+        if (!item->isVisible())
+            parts.append(item->toGraphicsObject());
+    }
+    for (const QPointer<QObject> &part : std::as_const(parts)) {
+        if (part)
+            QCoreApplication::sendPostedEvents(part, QEvent::DeferredDelete);
+    }
+}
+
 // A series begins to grow by a call that is posted to its animation. Left to itself it would begin after the
 // finished chart has been painted.
 void beginAnimations(const QGraphicsItem &item)
@@ -224,11 +240,17 @@ void beginAnimations(const QGraphicsItem &item)
     }
 }
 
-// A chart lays itself out whenever its size changes. While this lives it only takes the size.
+// A chart lays itself out whenever its size changes. While it has such a child it only takes the size.
 class HeldLayout : public QObject
 {
+    Q_OBJECT
+
 public:
-    explicit HeldLayout(QChart &chart) { chart.installEventFilter(this); }
+    explicit HeldLayout(QChart &chart)
+        : QObject(&chart)
+    {
+        chart.installEventFilter(this);
+    }
 
     bool eventFilter(QObject *, QEvent *event) override
     {
@@ -317,10 +339,19 @@ void showLegend(QChart &chart, Qt::Alignment alignment)
 void keepLabelsReadable(QChart &chart, QBarCategoryAxis *axis, const ZrChartView *view)
 {
     const LabelKeeper keeper(chart, *axis);
+    const auto placeFor = [keeper, &chart](
+                              QSizeF size) { keeper.place(size, expectedPlotWidth(chart, size)); };
+    QMetaObject::Connection firstSizes;
     if (view)
-        keeper.place(view->size(), expectedPlotWidth(chart, view->size()));
-    QObject::connect(&chart, &QChart::plotAreaChanged, axis,
-        [keeper, &chart](const QRectF &plot) { keeper.place(chart.size(), plot.width()); });
+        placeFor(view->size());
+    else
+        firstSizes = QObject::connect(
+            &chart, &QGraphicsWidget::geometryChanged, axis, [placeFor, &chart] { placeFor(chart.size()); });
+    QObject::connect(
+        &chart, &QChart::plotAreaChanged, axis, [keeper, firstSizes, &chart](const QRectF &plot) {
+            QObject::disconnect(firstSizes);
+            keeper.place(chart.size(), plot.width());
+        });
 }
 
 void keepLegendReadable(QChart &chart, const ZrChartView *view)
@@ -360,16 +391,19 @@ void setRenderLook(QChart &chart)
         chart.setBackgroundBrush(transparent);
 }
 
-void showLaidOut(QChartView &view, QChart *chart)
+void holdLayout(QChart &chart)
 {
-    setRenderLook(*chart);
-    {
-        const HeldLayout hold(*chart);
-        view.setChart(chart);
-        // By these calls the scene tells its new items that they are on show, which asks for a layout as
-        // well.
-        deliverCalls(view);
-    }
+    setRenderLook(chart);
+    new HeldLayout(chart);
+}
+
+void layOut(QChartView &view)
+{
+    QChart *chart = view.chart();
+    deleteReplaced(*chart);
+    // By these calls the scene tells its new items that they are on show, which asks for a layout as well.
+    deliverCalls(view);
+    delete chart->findChild<HeldLayout *>(QString(), Qt::FindDirectChildrenOnly);
     chart->layout()->activate();
 }
 
@@ -394,3 +428,5 @@ HeldPainting::~HeldPainting()
 }
 
 } // namespace ChartLook
+
+#include "ChartLook.moc"

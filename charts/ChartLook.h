@@ -41,7 +41,7 @@ void removeAxisX(QChart &chart);
 
 void showLegend(QChart &chart, Qt::Alignment alignment);
 /// Lessens or turns the labels of the axis where they have no room side by side, for as long as the chart
-/// lives. A chart that is meant for \a view starts with labels that fit there, and so is laid out once; there
+/// lives. A chart that is meant for \a view starts with labels that fit there, and so is measured once; there
 /// is none before the first load.
 void keepLabelsReadable(QChart &chart, QBarCategoryAxis *axis, const ZrChartView *view);
 /// Lessens the font of the legend where its texts have no room beside the chart, likewise.
@@ -50,8 +50,10 @@ void keepLegendReadable(QChart &chart, const ZrChartView *view);
 void removeMargins(QChart &chart);
 /// Series grow into their place, and what lies behind the chart shows through.
 void setRenderLook(QChart &chart);
-/// Puts a new chart into its view, laid out once and for all.
-void showLaidOut(QChartView &view, QChart *chart);
+/// A new chart, not in a view yet, lays itself out no more until layOut is called, and then once and for all.
+void holdLayout(QChart &chart);
+/// Lays out the chart of a view that has its size.
+void layOut(QChartView &view);
 
 /// Keeps views from painting while it lives, so that they paint once what came of all changes and of the
 /// first step of the animations.

@@ -96,6 +96,8 @@ void BasicChart::updatePieCount()
     const double x = 0.26 * pane.width() + (pane.width() / 100.0 - 4.5) * 10.0;
     const double y = 0.28 * pane.height();
     labelPiecount->move(static_cast<int>(x), static_cast<int>(y));
+    // Has the text laid out. The first paint would do it otherwise, and ask for a second one.
+    labelPiecount->heightForWidth(labelPiecount->width());
 }
 
 void BasicChart::showCallout(const QString &text, const QPoint &globalPos)

@@ -288,6 +288,7 @@ protected:
     // charts/ChartAssembly.cpp
     void loadChart();
     void firstLoadCharts();
+    void placeFirstCharts();
     void loadBarView();
     void loadLineView();
     void loadPieView();

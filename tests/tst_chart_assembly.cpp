@@ -78,8 +78,10 @@ private Q_SLOTS:
     void reloadReplacesAllCharts_data();
     void reloadReplacesAllCharts();
     void firstLoadKeepsControlsThatAreThere();
-    void reloadPaintsBarsAndLineOnce_data();
-    void reloadPaintsBarsAndLineOnce();
+    void firstChartsAreLaidOutOnce_data();
+    void firstChartsAreLaidOutOnce();
+    void reloadPaintsOnce_data();
+    void reloadPaintsOnce();
     void aPictureTakenAtOnceHasTheNewCharts();
     void replacedChartGoesWithAllItsParts_data();
     void replacedChartGoesWithAllItsParts();
@@ -675,13 +677,50 @@ void ChartAssemblyTest::firstLoadKeepsControlsThatAreThere()
     QCOMPARE(modes->width(), 150);
 }
 
-void ChartAssemblyTest::reloadPaintsBarsAndLineOnce_data()
+void ChartAssemblyTest::firstChartsAreLaidOutOnce_data()
+{
+    kinds();
+}
+
+// Series that grow while their chart finds its size would move sideways.
+void ChartAssemblyTest::firstChartsAreLaidOutOnce()
+{
+    QFETCH(int, type);
+    ChartStage stage(type, ChartStage::OnScreen);
+    ProbePage &page = stage.page;
+    fill(page);
+    // Room for a button beside the bars, where there are pages.
+    page.m_nCurPage = 1;
+    page.m_nTotalPage = 2;
+    page.loadChart();
+    QList<QSize> sizes;
+    QList<QRectF> plots;
+    const auto measure = [&] {
+        sizes.clear();
+        plots.clear();
+        for (const ZrChartView *view : std::as_const(page.m_chartViewList)) {
+            sizes.append(view->size());
+            plots.append(view->chart()->plotArea());
+        }
+    };
+    measure();
+    const QList<QSize> sizesAtOnce = sizes;
+    const QList<QRectF> plotsAtOnce = plots;
+    QVERIFY(plotsAtOnce.constFirst().width() > sizesAtOnce.constFirst().width() / 2);
+    for (int round = 0; round < 5; ++round)
+        QCoreApplication::processEvents();
+    measure();
+    QCOMPARE(sizes, sizesAtOnce);
+    QCOMPARE(plots, plotsAtOnce);
+}
+
+void ChartAssemblyTest::reloadPaintsOnce_data()
 {
     kinds();
 }
 
 // Before the series begin to grow; their steps wait for a clock.
-void ChartAssemblyTest::reloadPaintsBarsAndLineOnce()
+void ChartAssemblyTest::reloadPaintsOnce()
 {
     QFETCH(int, type);
     ChartStage stage(type, ChartStage::OnScreen);
@@ -696,22 +735,20 @@ void ChartAssemblyTest::reloadPaintsBarsAndLineOnce()
         for (const auto &paint : paints)
             before.append(paint->count);
         reload();
-        for (int round = 0; round < 3; ++round)
+        for (int round = 0; round < 3; ++round) {
             QCoreApplication::sendPostedEvents();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
         QList<int> counts;
         for (std::size_t i = 0; i < paints.size(); ++i)
             counts.append(paints[i]->count - before.at(static_cast<qsizetype>(i)));
         return counts;
     };
 
-    // The total over the pie lays its text out while it is painted, and has what lies under it painted with
-    // it.
-    const QList<int> all = paintsAfter([&page] { page.loadChart(); });
-    QCOMPARE(all.mid(0, 2), QList<int>({1, 1}));
-    QVERIFY(all.value(2) <= 2);
+    const QList<int> once(page.m_chartViewList.size(), 1);
+    QCOMPARE(paintsAfter([&page] { page.loadChart(); }), once);
     const QList<int> lineAndPie = paintsAfter([&page] { page.reloadLineAndPieChart(); });
-    QCOMPARE(lineAndPie.mid(0, 2), QList<int>({0, 1}));
-    QVERIFY(lineAndPie.value(2) <= 2);
+    QCOMPARE(lineAndPie, QList<int>{0} + once.mid(1));
     for (const ZrChartView *view : std::as_const(page.m_chartViewList))
         QVERIFY(view->updatesEnabled());
 }
