@@ -243,8 +243,6 @@ void beginAnimations(const QGraphicsItem &item)
 // A chart lays itself out whenever its size changes. While it has such a child it only takes the size.
 class HeldLayout : public QObject
 {
-    Q_OBJECT
-
 public:
     explicit HeldLayout(QChart &chart)
         : QObject(&chart)
@@ -403,7 +401,9 @@ void layOut(QChartView &view)
     deleteReplaced(*chart);
     // By these calls the scene tells its new items that they are on show, which asks for a layout as well.
     deliverCalls(view);
-    delete chart->findChild<HeldLayout *>(QString(), Qt::FindDirectChildrenOnly);
+    const QObjectList children = chart->children();
+    for (QObject *child : children)
+        delete dynamic_cast<HeldLayout *>(child);
     chart->layout()->activate();
 }
 
@@ -428,5 +428,3 @@ HeldPainting::~HeldPainting()
 }
 
 } // namespace ChartLook
-
-#include "ChartLook.moc"

@@ -162,6 +162,8 @@ int main(int argc, char **argv)
     }
     fixSurroundings();
     QApplication application(argc, argv);
+    // A blinking cursor would make another picture each time.
+    QApplication::setCursorFlashTime(0);
     Options options;
     options.now = QDateTime(QDate(2024, 5, 3), QTime(17, 20));
     qApp->setProperty("presentMoment", options.now);
