@@ -53,12 +53,12 @@ awk '
     FNR == NR { if (!/^#/ && NF == 3) limit[$1 " " $2] = $3; next }
     { count[$1, $2 " " $3] = $4; if ($1 == "page") row[++rows] = $2 " " $3 }
     END {
-        printf "%4s %6s %15s %15s %7s %7s\n", "kind", "bars", "page", "floor", "ratio", "limit"
+        printf "%8s %6s %15s %15s %7s %7s\n", "kind", "bars", "page", "floor", "ratio", "limit"
         for (i = 1; i <= rows; ++i) {
             split(row[i], part, " ")
             ratio = count["page", row[i]] / count["floor", row[i]]
             over = ratio > limit[row[i]]
-            printf "%4d %6d %15.0f %15.0f %7.3f %7.3f%s\n", part[1], part[2], count["page", row[i]],
+            printf "%8s %6d %15.0f %15.0f %7.3f %7.3f%s\n", part[1], part[2], count["page", row[i]],
                 count["floor", row[i]], ratio, limit[row[i]], over ? "  too much" : ""
             failed += over
         }

@@ -32,8 +32,10 @@ constexpr QRgb windowTextColour = 0xD6D6D6;
 void activateLayouts(QWidget &widget)
 {
     const auto children = widget.findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
-    for (QWidget *child : children)
-        activateLayouts(*child);
+    for (QWidget *child : children) {
+        if (!child->isWindow())
+            activateLayouts(*child);
+    }
     if (widget.layout())
         widget.layout()->activate();
 }

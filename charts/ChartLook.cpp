@@ -240,7 +240,7 @@ void beginAnimations(const QGraphicsItem &item)
     }
 }
 
-// A chart lays itself out whenever its size changes. While it has such a child it only takes the size.
+// A chart lays itself out whenever its size or a part of it changes. While it has such a child it does not.
 class HeldLayout : public QObject
 {
 public:
@@ -252,7 +252,7 @@ public:
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        return event->type() == QEvent::GraphicsSceneResize;
+        return event->type() == QEvent::GraphicsSceneResize || event->type() == QEvent::LayoutRequest;
     }
 };
 
@@ -399,6 +399,8 @@ void layOut(QChartView &view)
 {
     QChart *chart = view.chart();
     deleteReplaced(*chart);
+    // All of it is new. Otherwise each item would tell its own place.
+    view.scene()->update();
     // By these calls the scene tells its new items that they are on show, which asks for a layout as well.
     deliverCalls(view);
     const QObjectList children = chart->children();
@@ -410,7 +412,8 @@ void layOut(QChartView &view)
 HeldPainting::HeldPainting(const QList<ZrChartView *> &views)
 {
     for (ZrChartView *view : views) {
-        if (!view->testAttribute(Qt::WA_UpdatesDisabled)) {
+        // A parent may hold still as well, as that of a tab does while the tab is shown.
+        if (!view->testAttribute(Qt::WA_ForceUpdatesDisabled)) {
             view->setUpdatesEnabled(false);
             m_views.append(view);
         }

@@ -6,6 +6,7 @@
 #include <TalvixWidgets/KrxClient.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -49,14 +50,14 @@ int BasicChart::getTrafficsStatisticsOfDevice()
         qDebug() << "BasicChart::getTrafficsStatisticsOfDevice fail" << Query::lastError();
         return Failed;
     }
-    snapSamples = response.snapSampleList;
+    snapSamples = std::move(response.snapSampleList);
     if (snapSamples.empty()) {
         qDebug() << "BasicChart::getTrafficsStatisticsOfDevice records is empty";
         return NoRecords;
     }
     if (std::none_of(snapSamples.cbegin(), snapSamples.cend(), hasFigures))
         return NoRecords;
-    setBarList(response.snapSampleList);
+    setBarList(snapSamples);
     return Success;
 }
 

@@ -749,6 +749,13 @@ void ChartAssemblyTest::reloadPaintsOnce()
     QCOMPARE(paintsAfter([&page] { page.loadChart(); }), once);
     const QList<int> lineAndPie = paintsAfter([&page] { page.reloadLineAndPieChart(); });
     QCOMPARE(lineAndPie, QList<int>{0} + once.mid(1));
+    // As a tab's page that is about to be shown.
+    page.setUpdatesEnabled(false);
+    QCOMPARE(paintsAfter([&page] {
+        page.loadChart();
+        page.setUpdatesEnabled(true);
+    }),
+        once);
     for (const ZrChartView *view : std::as_const(page.m_chartViewList))
         QVERIFY(view->updatesEnabled());
 }
