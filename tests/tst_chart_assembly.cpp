@@ -80,6 +80,8 @@ private Q_SLOTS:
     void firstLoadKeepsControlsThatAreThere();
     void firstChartsAreLaidOutOnce_data();
     void firstChartsAreLaidOutOnce();
+    void chartsFollowTheSizeOfThePage_data();
+    void chartsFollowTheSizeOfThePage();
     void reloadPaintsOnce_data();
     void reloadPaintsOnce();
     void aPictureTakenAtOnceHasTheNewCharts();
@@ -712,6 +714,37 @@ void ChartAssemblyTest::firstChartsAreLaidOutOnce()
     measure();
     QCOMPARE(sizes, sizesAtOnce);
     QCOMPARE(plots, plotsAtOnce);
+}
+
+void ChartAssemblyTest::chartsFollowTheSizeOfThePage_data()
+{
+    kinds();
+}
+
+void ChartAssemblyTest::chartsFollowTheSizeOfThePage()
+{
+    QFETCH(int, type);
+    ChartStage stage(type, ChartStage::OnScreen);
+    ProbePage &page = stage.page;
+    fill(page);
+    page.resize(1600, 900);
+    const auto followsTheSize = [&page](QSize size) {
+        page.resize(size);
+        QCoreApplication::processEvents();
+        const double margins = 200;
+        for (const ZrChartView *view : std::as_const(page.m_chartViewList)) {
+            const QSizeF plot = view->chart()->plotArea().size();
+            if (view->chart()->size() != QSizeF(view->size()) || plot.height() > view->height()
+                || plot.height() < view->height() - margins)
+                return false;
+        }
+        return true;
+    };
+    stage.load();
+    QVERIFY(followsTheSize({1700, 1500}));
+    QVERIFY(followsTheSize({1600, 700}));
+    page.loadChart();
+    QVERIFY(followsTheSize({1700, 1500}));
 }
 
 void ChartAssemblyTest::reloadPaintsOnce_data()

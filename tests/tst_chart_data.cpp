@@ -735,7 +735,7 @@ private Q_SLOTS:
         if (!calls.isEmpty()) {
             QVERIFY(inOrder(lines, {line + "*", "BasicChart::getChartDataByBarId"}));
             const QString shown = loggedBehind(lines, line);
-            const auto behind = shown.indexOf(QStringLiteral("\n devDataList"));
+            const auto behind = shown.indexOf(QStringLiteral("\n devDataList QList("));
             QVERIFY(behind > 0);
             QVERIFY(shown.left(behind).contains(
                 QStringLiteral("std::pair(\"%1\",5)").arg(page->barDataList.at(0).first)));

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void switchingToAClassWithoutMajorTypesEmptiesPieAndModes();
     void switchingTheClassBeforeAnyChartFillsOnlyTheList();
     void switchingTheClassDoesNotWriteTheClearLine();
+    void switchingTheClassOffersItsModesBeforeThePieIsBuilt();
     void switchingTheClassOnASmallPageKeepsTheChart();
     void classButtonsOfASpellOfClicksSwitchOnceEach();
 
@@ -752,6 +753,21 @@ void PieChartTest::switchingTheClassBeforeAnyChartFillsOnlyTheList()
     QVERIFY(!stage.page.comboBoxPie);
     QVERIFY(stage.page.m_chartViewList.isEmpty());
     QCOMPARE(log.lines(), QStringList());
+}
+
+void PieChartTest::switchingTheClassOffersItsModesBeforeThePieIsBuilt()
+{
+    ChartStage stage(7, ChartStage::OnScreen);
+    stage.page.snapDetailMap = {{4, {major(30, 11)}}, {2, {major(7, 21), major(9, 22)}}};
+    stage.page.loadChart();
+    LogCapture log;
+    QList<int> offered;
+    log.whenWritten = [&](const QString &line) {
+        if (line == QLatin1String("createPieChart"))
+            offered = modes(stage.page.comboBoxPie);
+    };
+    QTest::mouseClick(stage.page.part<QAbstractButton>("personRadio"), Qt::LeftButton);
+    QCOMPARE(offered, (QList<int>{7, 9}));
 }
 
 void PieChartTest::switchingTheClassDoesNotWriteTheClearLine()

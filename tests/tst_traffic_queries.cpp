@@ -129,6 +129,7 @@ private Q_SLOTS:
     void everyModeButOneGoesByOrganisation();
     void aRefusedDetailQueryLeavesItsTarget();
     void anEmptyDetailAnswerReplacesItsTarget();
+    void theLineOfAChannelStandsBeforeItsDetailsAreAsked();
     void bothClassesAreAskedWhateverTheFirstAnswers_data();
     void bothClassesAreAskedWhateverTheFirstAnswers();
     void thePieFollowsTheChosenClass_data();
@@ -876,6 +877,21 @@ void TestTrafficQueries::anEmptyDetailAnswerReplacesItsTarget()
     std::vector<SnapDetailMajorItem> out = details(40, 5);
     QVERIFY(scene.page.getSnapDetailSamples(QStringLiteral("n"), 4, out, 1));
     QVERIFY(out.empty());
+}
+
+void TestTrafficQueries::theLineOfAChannelStandsBeforeItsDetailsAreAsked()
+{
+    StatisticsScene scene(8);
+    scene.page.snapSamples = twoHours;
+    scene.page.devDataList = {{"North gate", "n"}};
+    QList<qsizetype> points;
+    scene.manager.snapDetailSamples.answer = [&](const auto &, auto &) {
+        points.append(scene.page.lineDataList.size());
+        return true;
+    };
+    QString bar = QStringLiteral("North gate");
+    scene.page.slotBarSetChanged(bar);
+    QCOMPARE(points, QList<qsizetype>({2, 2}));
 }
 
 void TestTrafficQueries::bothClassesAreAskedWhateverTheFirstAnswers_data()
