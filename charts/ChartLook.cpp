@@ -4,7 +4,9 @@
 #include <TalvixWidgets/QssFormatHelper.h>
 #include <TalvixWidgets/ZrChartView.h>
 
+#include <QtCharts/QAbstractBarSeries>
 #include <QtCharts/QBarCategoryAxis>
+#include <QtCharts/QBarSet>
 #include <QtCharts/QChart>
 #include <QtCharts/QLegend>
 #include <QtCharts/QLegendMarker>
@@ -51,6 +53,7 @@ constexpr double gapAroundLabels = 5;
 // A legend beside a chart gets no more of its width than this.
 constexpr double legendShare = 0.4;
 constexpr double legendMarkerInLines = 2.2;
+constexpr int manyBars = 50;
 
 // The digits of a number, without any for 0.
 QString invisibleMarks(int number)
@@ -222,6 +225,15 @@ void deleteReplaced(const QChart &chart)
         if (part)
             QCoreApplication::sendPostedEvents(part, QEvent::DeferredDelete);
     }
+}
+
+bool hasManyBars(const QChart &chart)
+{
+    const auto all = chart.series();
+    return std::any_of(all.cbegin(), all.cend(), [](const QAbstractSeries *series) {
+        const auto *bars = qobject_cast<const QAbstractBarSeries *>(series);
+        return bars && bars->count() > 0 && bars->barSets().constFirst()->count() > manyBars;
+    });
 }
 
 // A series begins to grow by a call that is posted to its animation. Left to itself it would begin after the
@@ -398,9 +410,10 @@ void holdLayout(QChart &chart)
 void layOut(QChartView &view)
 {
     QChart *chart = view.chart();
+    // Bars that grow are a place to paint each; many are painted faster as one.
+    view.setViewportUpdateMode(hasManyBars(*chart) ? QGraphicsView::BoundingRectViewportUpdate
+                                                   : QGraphicsView::MinimalViewportUpdate);
     deleteReplaced(*chart);
-    // All of it is new. Otherwise each item would tell its own place.
-    view.scene()->update();
     // By these calls the scene tells its new items that they are on show, which asks for a layout as well.
     deliverCalls(view);
     const QObjectList children = chart->children();

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void firstChartsAreLaidOutOnce();
     void chartsFollowTheSizeOfThePage_data();
     void chartsFollowTheSizeOfThePage();
+    void manyBarsArePaintedAsOnePlace();
     void reloadPaintsOnce_data();
     void reloadPaintsOnce();
     void aPictureTakenAtOnceHasTheNewCharts();
@@ -745,6 +746,24 @@ void ChartAssemblyTest::chartsFollowTheSizeOfThePage()
     QVERIFY(followsTheSize({1600, 700}));
     page.loadChart();
     QVERIFY(followsTheSize({1700, 1500}));
+}
+
+void ChartAssemblyTest::manyBarsArePaintedAsOnePlace()
+{
+    ChartStage stage(1, ChartStage::OnScreen);
+    ProbePage &page = stage.page;
+    const auto modeWith = [&page](int bars) {
+        page.barDataList.clear();
+        for (int i = 0; i < bars; ++i)
+            page.barDataList.append({QString::number(i), i});
+        page.loadChart();
+        return page.barChartView->viewportUpdateMode();
+    };
+    QCOMPARE(modeWith(51), QGraphicsView::BoundingRectViewportUpdate);
+    QCOMPARE(modeWith(50), QGraphicsView::MinimalViewportUpdate);
+    QCOMPARE(modeWith(51), QGraphicsView::BoundingRectViewportUpdate);
+    QCOMPARE(modeWith(0), QGraphicsView::MinimalViewportUpdate);
+    QCOMPARE(page.lineChartView->viewportUpdateMode(), QGraphicsView::MinimalViewportUpdate);
 }
 
 void ChartAssemblyTest::reloadPaintsOnce_data()
