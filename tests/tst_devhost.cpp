@@ -596,7 +596,8 @@ void tst_devhost::theLanguageChangesLiveAndIsKept()
     auto *language = host.part<QComboBox>("hostLanguage");
     QCOMPARE(language->currentText(), QStringLiteral("English"));
     language->setFocus();
-    QTest::keyClicks(language, QStringLiteral("Deutsch"));
+    // One key: between two of them a slow machine may forget the first.
+    QTest::keyClick(language, Qt::Key_D);
     QCOMPARE(HostSettings::language(), QStringLiteral("de"));
     QCOMPARE(host.window->windowTitle(), QStringLiteral("TalvixDataStatics · Entwicklungs-Host"));
     QCOMPARE(host.page()->findChild<QPushButton *>(QStringLiteral("pushButtonDay"))->text(),
