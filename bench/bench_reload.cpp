@@ -172,6 +172,23 @@ void idlePage(benchmark::State &state)
     state.SetLabel("processor time of 200 ms");
 }
 
+// What growing into place costs: the second of animations after a reload, in real time, and its frames.
+void growingPage(benchmark::State &state)
+{
+    const auto stage = stageOf(state);
+    stage->animations().uninstall();
+    const PaintCount paints(stage->page().barChartView);
+    for (auto _ : state) {
+        stage->page().slotSearch();
+        const std::clock_t start = std::clock();
+        QTest::qWait(1500);
+        state.SetIterationTime(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+    }
+    state.counters["paints"] = benchmark::Counter(paints.count(), benchmark::Counter::kAvgIterations);
+    state.SetLabel("processor time of 1,500 ms");
+    stage->animations().install();
+}
+
 void rows(benchmark::internal::Benchmark *measure)
 {
     for (const int bars : {1, 10, 24, 100})
@@ -192,6 +209,13 @@ BENCHMARK(pageTurn)
 BENCHMARK(sortPress)->Apply(rows);
 BENCHMARK(tabChange)->Apply(rows);
 BENCHMARK(paints)->Args({TrafficOfOrganisations, 24})->Iterations(1);
+BENCHMARK(growingPage)
+    ->Args({TrafficOfOrganisations, 24})
+    ->Args({TrafficOfOrganisations, 100})
+    ->Args({TrafficOfDevices, 1000})
+    ->UseManualTime()
+    ->Iterations(3)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(idlePage)
     ->Args({TrafficOfOrganisations, 24, 0})
     ->Args({TrafficOfOrganisations, 24, 1})
