@@ -27,7 +27,7 @@ check() {
     valgrind --quiet --suppressions="$PWD/tests/memcheck.supp" --num-callers=25 --log-file="$2/$test.memcheck" \
         "build/dev/tests/$test" > "$2/$test.log" 2>&1 || true
     found=$(grep -cE '^==[0-9]+== (Invalid|Conditional|Use of|Syscall|Mismatched|Source and)' "$2/$test.memcheck" || true)
-    totals=$(grep -o 'Totals:.*' "$2/$test.log") || totals="did not end"
+    totals=$(grep '^Totals: ' "$2/$test.log") || totals="did not end"
     echo "$test: ${found:-0} errors; $totals"
     [[ $found -eq 0 && $totals != "did not end" ]]
 }
