@@ -40,8 +40,9 @@ void countFirstLoad(ReloadStage &stage, Kind kind, const QByteArray &row)
 
 bool count(const QByteArray &what, int bars)
 {
-    const bool first = what.startsWith("first-");
-    const Kind kind = static_cast<Kind>(what.mid(first ? 6 : 0).toInt());
+    const QByteArray firstLoad = "first-";
+    const bool first = what.startsWith(firstLoad);
+    const Kind kind = static_cast<Kind>(what.mid(first ? firstLoad.size() : 0).toInt());
     if (kind == 0) {
         countOpening();
         return true;

@@ -47,6 +47,8 @@ constexpr double labelShare = 0.37;
 constexpr int smallestLabelPixels = 9;
 // In less room for each label the axis draws none at all.
 constexpr double smallestRoom = 2;
+// No screen is wide enough to draw more.
+constexpr int mostLabelsDrawn = 4000;
 // What the axis adds to the text of a label, within it and around it.
 constexpr double labelMargin = 0.5;
 constexpr double gapAroundLabels = 5;
@@ -99,6 +101,16 @@ WidestText widestText(const QStringList &texts, const QFont &font)
             widest = {text, width};
     }
     return widest;
+}
+
+// Where none is drawn the widest label only keeps its height free, and measuring thousands costs more than
+// the longest differs from it.
+WidestText widestLabel(const QStringList &labels, const QFont &font)
+{
+    if (labels.size() <= mostLabelsDrawn)
+        return widestText(labels, font);
+    const auto shorter = [](const QString &left, const QString &right) { return left.size() < right.size(); };
+    return widestText({*std::max_element(labels.cbegin(), labels.cend(), shorter)}, font);
 }
 
 struct LabelPlace
@@ -154,7 +166,7 @@ public:
         : m_chart(&chart)
         , m_axis(&axis)
         , m_usual(axis.labelsFont())
-        , m_widest(widestText(axis.categories(), m_usual))
+        , m_widest(widestLabel(axis.categories(), m_usual))
     { }
 
     void place(QSizeF chartSize, double plotWidth) const
@@ -351,15 +363,15 @@ void keepLabelsReadable(QChart &chart, QBarCategoryAxis *axis, const ZrChartView
     const LabelKeeper keeper(chart, *axis);
     const auto placeFor = [keeper, &chart](
                               QSizeF size) { keeper.place(size, expectedPlotWidth(chart, size)); };
-    QMetaObject::Connection firstSizes;
+    QMetaObject::Connection beforeLayout;
     if (view)
         placeFor(view->size());
     else
-        firstSizes = QObject::connect(
+        beforeLayout = QObject::connect(
             &chart, &QGraphicsWidget::geometryChanged, axis, [placeFor, &chart] { placeFor(chart.size()); });
     QObject::connect(
-        &chart, &QChart::plotAreaChanged, axis, [keeper, firstSizes, &chart](const QRectF &plot) {
-            QObject::disconnect(firstSizes);
+        &chart, &QChart::plotAreaChanged, axis, [keeper, beforeLayout, &chart](const QRectF &plot) {
+            QObject::disconnect(beforeLayout);
             keeper.place(chart.size(), plot.width());
         });
 }

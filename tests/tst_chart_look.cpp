@@ -38,7 +38,7 @@ void show(QChartView &view, const QSize &size)
 /// A chart with a bar for each label, under labels that are to stay readable.
 struct BarStage
 {
-    explicit BarStage(const QStringList &labels)
+    explicit BarStage(const QStringList &labels, bool readable = true)
         : view(new QChart)
         , chart(view.chart())
         , axis(ChartLook::categoryAxis(labels))
@@ -52,7 +52,8 @@ struct BarStage
         bars->append(set);
         chart->addSeries(bars);
         ChartLook::setAxisX(*chart, axis, bars);
-        ChartLook::keepLabelsReadable(*chart, axis, nullptr);
+        if (readable)
+            ChartLook::keepLabelsReadable(*chart, axis, nullptr);
         ChartLook::setAxisY(*chart, ChartLook::valueAxis(100), bars);
         ChartLook::removeMargins(*chart);
     }
@@ -135,6 +136,8 @@ private Q_SLOTS:
     void uprightLabelsStayLegible();
     void namesThatFitNeitherWayStayLevel();
     void namesThatFitNeitherWayStandWhereHeightKeepsMore();
+    void labelsNobodyCouldReadKeepTheirHeightOnly_data();
+    void labelsNobodyCouldReadKeepTheirHeightOnly();
     void labelsFollowTheSize();
     void axisWithoutTextsIsLeftAlone_data();
     void axisWithoutTextsIsLeftAlone();
@@ -255,6 +258,35 @@ void ChartLookTest::namesThatFitNeitherWayStandWhereHeightKeepsMore()
     QVERIFY(stage.room() < stage.height());
     QCOMPARE(stage.axis->labelsAngle(), -90);
     QCOMPARE(stage.pixels(), smallest);
+}
+
+void ChartLookTest::labelsNobodyCouldReadKeepTheirHeightOnly_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("widest");
+    const QString wide(8, QLatin1Char('W'));
+    QTest::newRow("too many for this view") << 400 << wide;
+    QTest::newRow("as many as the widest screen may have") << 4000 << wide;
+    QTest::newRow("too many for any screen") << 4001 << QString(12, QLatin1Char('W'));
+}
+
+void ChartLookTest::labelsNobodyCouldReadKeepTheirHeightOnly()
+{
+    QFETCH(int, count);
+    QFETCH(QString, widest);
+    QStringList texts = labels(count, 5);
+    texts[count / 3] = QString(10, QLatin1Char('i'));
+    texts[count / 2] = widest;
+    BarStage stage(texts);
+    show(stage.view, {500, 400});
+    QVERIFY(stage.room() < 2);
+    QVERIFY(!stage.axis->labelsVisible());
+
+    BarStage drawn({widest}, false);
+    drawn.axis->setLabelsFont(stage.axis->labelsFont());
+    drawn.axis->setLabelsAngle(stage.axis->labelsAngle());
+    show(drawn.view, {500, 400});
+    QCOMPARE(stage.chart->plotArea().height(), drawn.chart->plotArea().height());
 }
 
 void ChartLookTest::labelsFollowTheSize()
