@@ -103,13 +103,20 @@ WidestText widestText(const QStringList &texts, const QFont &font)
     return widest;
 }
 
-// Where none is drawn the widest label only keeps its height free, and measuring thousands costs more than
-// the longest differs from it.
+qsizetype shownLength(const QString &label)
+{
+    return label.size() - label.count(invisibleOne) - label.count(invisibleZero);
+}
+
+// Of so many labels none is drawn: the widest only keeps its height free. Rather than measure thousands, the
+// longest stands for it.
 WidestText widestLabel(const QStringList &labels, const QFont &font)
 {
     if (labels.size() <= mostLabelsDrawn)
         return widestText(labels, font);
-    const auto shorter = [](const QString &left, const QString &right) { return left.size() < right.size(); };
+    const auto shorter = [](const QString &left, const QString &right) {
+        return shownLength(left) < shownLength(right);
+    };
     return widestText({*std::max_element(labels.cbegin(), labels.cend(), shorter)}, font);
 }
 

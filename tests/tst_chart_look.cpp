@@ -263,19 +263,22 @@ void ChartLookTest::namesThatFitNeitherWayStandWhereHeightKeepsMore()
 void ChartLookTest::labelsNobodyCouldReadKeepTheirHeightOnly_data()
 {
     QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("other");
     QTest::addColumn<QString>("widest");
+    const QString narrow(10, QLatin1Char('i'));
     const QString wide(8, QLatin1Char('W'));
-    QTest::newRow("too many for this view") << 400 << wide;
-    QTest::newRow("as many as the widest screen may have") << 4000 << wide;
-    QTest::newRow("too many for any screen") << 4001 << QString(12, QLatin1Char('W'));
+    QTest::newRow("too many for this view") << 400 << narrow << wide;
+    QTest::newRow("as many as the widest screen may have") << 4000 << narrow << wide;
+    QTest::newRow("too many for any screen") << 4001 << narrow << narrow + wide;
+    QTest::newRow("too many for any screen, most of them nameless") << 4001 << QString() << wide;
 }
 
 void ChartLookTest::labelsNobodyCouldReadKeepTheirHeightOnly()
 {
     QFETCH(int, count);
+    QFETCH(QString, other);
     QFETCH(QString, widest);
-    QStringList texts = labels(count, 5);
-    texts[count / 3] = QString(10, QLatin1Char('i'));
+    QStringList texts(count, other);
     texts[count / 2] = widest;
     BarStage stage(texts);
     show(stage.view, {500, 400});
