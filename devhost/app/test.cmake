@@ -5,7 +5,7 @@ target_link_libraries(tst_devhost PRIVATE TalvixDevApp)
 target_compile_definitions(tst_devhost PRIVATE TALVIXPREVIEW_LIBRARY)
 
 # Tests that run the program.
-foreach(test tst_devhost tst_import_failures tst_postgres)
+foreach(test IN LISTS TALVIX_PROGRAM_TESTS)
     target_compile_definitions(${test} PRIVATE TALVIX_DEVHOST="$<TARGET_FILE:talvix-devhost>")
     add_dependencies(${test} talvix-devhost)
 endforeach()
