@@ -1,6 +1,6 @@
 #pragma once
 
-#include <devhost/data/Spans.h>
+#include <devhost/data/Periods.h>
 #include <devhost/data/SqlStatisticsManager.h>
 
 #include <QtCore/QDateTime>

@@ -14,7 +14,6 @@ using namespace devdata;
 
 namespace {
 
-constexpr Minute firstMinute = 202404010000;
 constexpr int daysOfRows = 9;
 constexpr int repetitions = 3;
 
@@ -29,13 +28,13 @@ public:
     void add(const AlarmEvent &alarm) override { keep(alarms, alarm); }
     void add(const OnlineInterval &) override { }
     void add(const TemperatureReading &reading) override { keep(readings, reading); }
-    void add(const Snapshot &snapshot) override { keep(snapshots, snapshot); }
+    void add(const SnapshotEvent &snapshot) override { keep(snapshots, snapshot); }
 
     qint64 count() const { return static_cast<qint64>(alarms.size() + readings.size() + snapshots.size()); }
 
     std::vector<AlarmEvent> alarms;
     std::vector<TemperatureReading> readings;
-    std::vector<Snapshot> snapshots;
+    std::vector<SnapshotEvent> snapshots;
 
 private:
     template <typename Event>
@@ -52,8 +51,8 @@ Rows someRows(Connection &connection, qint64 most)
 {
     SampleOptions options;
     options.singly = true;
-    options.from = firstMinute;
-    options.to = addMinutes(firstMinute, daysOfRows * 24 * 60);
+    options.from = Minute(QDate(2024, 4, 1), QTime(0, 0));
+    options.to = options.from.plus(daysOfRows * 24 * 60);
     const SampleWorld world = readSampleWorld(connection);
     options.density = densityForEvents(world, options, most + most / 5);
     Rows rows(most);
@@ -64,8 +63,8 @@ Rows someRows(Connection &connection, qint64 most)
 QHash<int, QByteArray> uidsOfSources(Connection &connection)
 {
     QHash<int, QByteArray> uids;
-    Query sources(connection, QStringLiteral("SELECT id, uid FROM source"));
-    sources.run();
+    Statement sources(connection, QStringLiteral("SELECT id, uid FROM source"));
+    sources.execute();
     while (sources.next())
         uids.insert(sources.integer("id"), sources.text("uid").toUtf8());
     return uids;
@@ -74,9 +73,9 @@ QHash<int, QByteArray> uidsOfSources(Connection &connection)
 QByteArray line(const char *kind, Minute at, const QByteArray &source, int figureClass, int count)
 {
     QByteArray text = kind;
-    text += ',' + QByteArray::fromStdString(labelOf(bucketOf(at, TimeUnit::Day), TimeUnit::Day)) + 'T';
-    text += QByteArray::number(at / 100 % 100).rightJustified(2, '0') + ':';
-    text += QByteArray::number(at % 100).rightJustified(2, '0') + ',' + source + ',';
+    const Period hour = at.period(TimeUnit::Hour);
+    text += ',' + QByteArray::fromStdString(hour.label()).replace(' ', 'T') + ':';
+    text += QByteArray::number(hour.start().minutesTo(at)).rightJustified(2, '0') + ',' + source + ',';
     return text + QByteArray::number(figureClass) + ',' + QByteArray::number(count) + '\n';
 }
 
@@ -90,7 +89,7 @@ void writeCsv(QTemporaryFile &file, const Rows &rows, const QHash<int, QByteArra
     for (const TemperatureReading &reading : rows.readings)
         file.write(line("temperature", reading.at, QByteArray::number(reading.person),
             reading.temperatureClass, reading.count));
-    for (const Snapshot &snapshot : rows.snapshots)
+    for (const SnapshotEvent &snapshot : rows.snapshots)
         file.write(line("snapshot", snapshot.at, uids[snapshot.source], snapshot.snapClass, snapshot.count));
     file.close();
 }
@@ -98,11 +97,9 @@ void writeCsv(QTemporaryFile &file, const Rows &rows, const QHash<int, QByteArra
 double importSeconds(const QString &url, const QString &fileName)
 {
     const std::unique_ptr<SqlStore> store = openStore(url);
-    QString error;
     QElapsedTimer watch;
     watch.start();
-    if (!store->importFile(fileName, {}, nullptr, &error))
-        qFatal("%s", qUtf8Printable(error));
+    store->importFile(fileName);
     return static_cast<double>(watch.nsecsElapsed()) / 1e9;
 }
 
@@ -113,23 +110,19 @@ double floorSeconds(const QString &url, const Rows &rows)
     QElapsedTimer watch;
     watch.start();
     Transaction transaction(connection);
-    BatchInsert alarms(connection, QStringLiteral("alarm"),
-        {QStringLiteral("at"), QStringLiteral("source_id"), QStringLiteral("type"), QStringLiteral("count")});
+    BatchInsert alarms(connection, QStringLiteral("alarm"), QStringLiteral("at, source_id, type, count"));
     for (const AlarmEvent &alarm : rows.alarms)
         alarms.add(alarm.at, alarm.source, alarm.type, alarm.count);
     alarms.flush();
     BatchInsert readings(connection, QStringLiteral("temperature"),
-        {QStringLiteral("at"), QStringLiteral("person_id"), QStringLiteral("class"), QStringLiteral("mask"),
-            QStringLiteral("handling"), QStringLiteral("count")});
+        QStringLiteral("at, person_id, class, mask, handling, count"));
     for (const TemperatureReading &reading : rows.readings)
         readings.add(reading.at, reading.person, reading.temperatureClass, reading.maskClass,
             reading.handling, reading.count);
     readings.flush();
     BatchInsert snapshots(connection, QStringLiteral("snapshot"),
-        {QStringLiteral("at"), QStringLiteral("source_id"), QStringLiteral("class"),
-            QStringLiteral("minor_1"), QStringLiteral("minor_2"), QStringLiteral("minor_3"),
-            QStringLiteral("minor_4"), QStringLiteral("count")});
-    for (const Snapshot &snapshot : rows.snapshots)
+        QStringLiteral("at, source_id, class, minor_1, minor_2, minor_3, minor_4, count"));
+    for (const SnapshotEvent &snapshot : rows.snapshots)
         snapshots.add(snapshot.at, snapshot.source, snapshot.snapClass, snapshot.minors[0],
             snapshot.minors[1], snapshot.minors[2], snapshot.minors[3], snapshot.count);
     snapshots.flush();
@@ -143,9 +136,7 @@ std::unique_ptr<SqlStore> openStore(const QString &url)
 {
     auto store = std::make_unique<SqlStore>();
     store->setPresentMoment(storeMoment);
-    QString error;
-    if (!store->open(url, &error))
-        qFatal("%s", qUtf8Printable(error));
+    store->open(url);
     return store;
 }
 

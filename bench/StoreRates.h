@@ -15,5 +15,5 @@ struct StoreRates
 /// Takes \a rows sample events in both ways, each time into a database of its own that `newDatabase()` names.
 StoreRates measureStoreRates(qint64 rows, const std::function<QString()> &newDatabase);
 
-/// A store at \a url whose present moment is `storeMoment()`; ends the program when it cannot be opened.
+/// A store at \a url whose present moment is `storeMoment()`.
 std::unique_ptr<SqlStore> openStore(const QString &url);

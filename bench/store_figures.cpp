@@ -69,9 +69,7 @@ private:
 
 qint64 numberFrom(SqlStore &store, const QString &sql)
 {
-    Query rows(store.connection(), sql);
-    rows.run().next();
-    return rows.number("n");
+    return Statement(store.connection(), sql).execute().single();
 }
 
 /// A database full of events.
@@ -86,9 +84,7 @@ public:
         reopen();
         QElapsedTimer watch;
         watch.start();
-        QString error;
-        if (!m_store->fillForMeasuring(aboutEvents, days, &error))
-            qFatal("%s", qUtf8Printable(error));
+        m_store->fillForMeasuring(aboutEvents, days);
         m_seconds = static_cast<double>(watch.nsecsElapsed()) / 1e9;
         // A server in use does so by itself.
         if (engine == Engine::Postgres)
@@ -375,5 +371,9 @@ int main(int argc, char **argv)
         engines.push_back(Engine::Sqlite);
     if (parser.value(database) != QLatin1String("sqlite"))
         engines.push_back(Engine::Postgres);
-    return measure(engines, parser.value(events).toLongLong(), parser.value(rounds).toInt()) ? 0 : 1;
+    try {
+        return measure(engines, parser.value(events).toLongLong(), parser.value(rounds).toInt()) ? 0 : 1;
+    } catch (const StoreError &error) {
+        qFatal("%s", error.what());
+    }
 }

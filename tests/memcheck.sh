@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs tests under valgrind's memcheck: all of them, in hours, or those that are named. Long tests are cut to a few rounds.
-# usage: tests/memcheck.sh [TEST...]      tests/memcheck.sh tst_titles tst_spans
+# usage: tests/memcheck.sh [TEST...]      tests/memcheck.sh tst_titles tst_periods
 set -euo pipefail
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)

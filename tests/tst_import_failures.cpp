@@ -30,41 +30,26 @@ QByteArray inUtf16(const char *text)
     return QByteArray(reinterpret_cast<const char *>(units.utf16()), units.size() * 2);
 }
 
-/// How many rows each table has, and the sum of all figures.
 QStringList contentOf(SqlStore &store)
 {
-    QStringList tables = store.connection().tableNames();
-    tables.sort();
-    QStringList content;
-    for (const QString &table : std::as_const(tables)) {
-        Query rows(store.connection(), QStringLiteral("SELECT COUNT(*) AS n FROM %1").arg(table));
-        rows.run().next();
-        content += QStringLiteral("%1 %2").arg(table).arg(rows.number("n"));
-    }
-    Query figures(store.connection(), QStringLiteral("SELECT SUM(count) AS n FROM figure"));
-    figures.run().next();
-    content += QStringLiteral("figures %1").arg(figures.number("n"));
-    return content;
+    return rowCounts(store) + countsIn(store);
 }
 
 QStringList contentOf(const QString &path)
 {
     SqlStore store;
-    QString error;
-    if (!store.open(path, &error))
-        return {error};
+    store.open(path);
     return contentOf(store);
 }
 
 QString soundness(const QString &path)
 {
     Connection connection(path);
-    Query check(connection, QStringLiteral("PRAGMA integrity_check"));
-    check.run().next();
-    return check.text("integrity_check");
+    Statement check(connection, QStringLiteral("PRAGMA integrity_check"));
+    return check.execute().next() ? check.text("integrity_check") : QString();
 }
 
-/// A folder with a database "a.db" that holds a few events.
+/// A folder with a database "a.db" that holds a few events, imported ones and samples.
 class SandboxWithDatabase : public Sandbox
 {
 public:
@@ -72,9 +57,12 @@ public:
     {
         const QString events = write(QStringLiteral("first.csv"), QByteArray(header) + firstEvents);
         SqlStore store;
-        QString error;
-        if (!store.open(database(), &error) || !store.importFile(events, {}, nullptr, &error))
-            qFatal("%s", qUtf8Printable(error));
+        store.open(database());
+        store.importFile(events);
+        SampleOptions options;
+        options.from = minute("2024-05-03 16:00");
+        options.to = minute("2024-05-03 17:00");
+        store.generate(options);
     }
 
     QString database() const { return path(QStringLiteral("a.db")); }
@@ -122,10 +110,10 @@ private Q_SLOTS:
             12) << noUtf8 << true;
         QTest::newRow("a wrong line after a new source")
             << header + QByteArray(firstEvents) + "alarm,2024-05-03T09:10,street-9,1,3\nnonsense\n"
-            << QStringLiteral("The file e.csv, line 5: there are 1 fields in place of 5.") << false;
+            << QStringLiteral("The file e.csv, line 5: expected 5 fields, found 1.") << false;
         QTest::newRow("a line that was cut off")
             << header + QByteArray(firstEvents) + "alarm,2024-05-03T09"
-            << QStringLiteral("The file e.csv, line 4: there are 2 fields in place of 5.") << false;
+            << QStringLiteral("The file e.csv, line 4: expected 5 fields, found 2.") << false;
     }
     void aFileThatCannotBeTakenIsOneSentence()
     {
@@ -189,23 +177,35 @@ private Q_SLOTS:
 
     void aDatabaseThatIsInUseIsOneSentence_data()
     {
+        QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QStringList>("hold");
-        QTest::newRow("somebody reads, which is seen at the end")
-            << QStringList{QStringLiteral("BEGIN"), QStringLiteral("SELECT COUNT(*) FROM source")};
-        QTest::newRow("somebody writes") << QStringList{QStringLiteral("BEGIN IMMEDIATE")};
-        QTest::newRow("somebody has it alone") << QStringList{QStringLiteral("BEGIN EXCLUSIVE")};
+        const QStringList import = words("--import e.csv");
+        const QStringList topUp = words("--generate --now 2024-05-03T17:20");
+        const QStringList reads = {QStringLiteral("BEGIN"), QStringLiteral("SELECT COUNT(*) FROM source")};
+        const QStringList writes = {QStringLiteral("BEGIN IMMEDIATE")};
+        const QStringList hasItAlone = {QStringLiteral("BEGIN EXCLUSIVE")};
+        QTest::newRow("somebody reads during an import, which is seen at its end") << import << reads;
+        QTest::newRow("somebody writes during an import") << import << writes;
+        QTest::newRow("somebody has it alone before an import") << import << hasItAlone;
+        QTest::newRow("somebody reads while sample events are continued") << topUp << reads;
+        QTest::newRow("somebody writes while sample events are continued") << topUp << writes;
+        QTest::newRow("somebody has it alone before sample events are continued") << topUp << hasItAlone;
     }
     void aDatabaseThatIsInUseIsOneSentence()
     {
+        QFETCH(QStringList, arguments);
         QFETCH(QStringList, hold);
+        arguments += words("--no-window --database");
         const SandboxWithDatabase sandbox;
-        const QByteArray before = sandbox.bytes();
         sandbox.write(QStringLiteral("e.csv"), manyAlarms(5000));
+        QVERIFY(QFile::copy(sandbox.database(), sandbox.path(QStringLiteral("b.db"))));
+        QCOMPARE(sandbox.run(arguments + words("b.db")).code, 0);
+        const QByteArray before = sandbox.bytes();
         {
             Connection other(sandbox.database());
             for (const QString &statement : std::as_const(hold))
                 other.execute(statement);
-            const Run run = sandbox.import(QStringLiteral("e.csv"));
+            const Run run = sandbox.run(arguments + words("a.db"));
             QCOMPARE(run.complaints().constLast(),
                 QStringLiteral("talvix-devhost: The database a.db is in use by another program."));
             QVERIFY2(!run.complaint.contains(QStringLiteral("done")), qPrintable(run.complaint));
@@ -213,7 +213,8 @@ private Q_SLOTS:
             other.execute(QStringLiteral("ROLLBACK"));
         }
         QVERIFY(sandbox.bytes() == before);
-        QCOMPARE(sandbox.import(QStringLiteral("e.csv")).code, 0);
+        QCOMPARE(sandbox.run(arguments + words("a.db")).code, 0);
+        QCOMPARE(contentOf(sandbox.database()), contentOf(sandbox.path(QStringLiteral("b.db"))));
     }
 
     void aFullDiskIsOneSentenceAndTheDatabaseAsBefore()
@@ -222,19 +223,16 @@ private Q_SLOTS:
         const QString file = sandbox.write(QStringLiteral("e.csv"), manyAlarms(20'000));
         const QStringList before = contentOf(sandbox.database());
         SqlStore store;
-        QVERIFY(store.open(sandbox.database()));
-        Query pages(store.connection(), QStringLiteral("PRAGMA page_count"));
-        QVERIFY(pages.run().next());
+        store.open(sandbox.database());
+        Statement pages(store.connection(), QStringLiteral("PRAGMA page_count"));
         store.connection().execute(
-            QStringLiteral("PRAGMA max_page_count = %1").arg(pages.integer("page_count") + 20));
-        QString error;
-        QVERIFY(!store.importFile(file, {}, nullptr, &error));
-        QCOMPARE(error,
+            QStringLiteral("PRAGMA max_page_count = %1").arg(pages.execute().single() + 20));
+        QCOMPARE(failureOf([&] { store.importFile(file); }),
             QStringLiteral("The database %1 reports: database or disk is full.").arg(sandbox.database()));
         QCOMPARE(contentOf(store), before);
 
         store.connection().execute(QStringLiteral("PRAGMA max_page_count = 1000000"));
-        QVERIFY2(store.importFile(file, {}, nullptr, &error), qUtf8Printable(error));
+        store.importFile(file);
         QCOMPARE(soundness(sandbox.database()), QStringLiteral("ok"));
     }
 
@@ -248,14 +246,15 @@ private Q_SLOTS:
         const QByteArray bytesBefore = sandbox.bytes();
         const pid_t child = fork();
         if (child == 0) {
-            SqlStore store;
-            if (store.open(sandbox.database())) {
+            failureOf([&] {
+                SqlStore store;
+                store.open(sandbox.database());
                 store.connection().execute(QStringLiteral("PRAGMA cache_size = 10"));
-                store.importFile(file, {}, nullptr, nullptr, [](int percent, int) {
+                store.importFile(file, {}, [](int percent, int) {
                     if (percent >= 50)
                         kill(getpid(), SIGKILL);
                 });
-            }
+            });
             _exit(0);
         }
         int status = 0;

@@ -7,6 +7,7 @@
 #include <devhost/client/ClientInstances.h>
 #include <devhost/data/Schema.h>
 
+#include <QtCore/QThread>
 #include <QtWidgets/QLabel>
 
 #include <functional>
@@ -43,21 +44,7 @@ QString write(const QTemporaryDir &folder, const QByteArray &content)
     return file.fileName();
 }
 
-/// How many rows each table has.
-QStringList rowCounts(SqlStore &store)
-{
-    QStringList tables = store.connection().tableNames();
-    tables.sort();
-    QStringList counts;
-    for (const QString &table : std::as_const(tables)) {
-        Query rows(store.connection(), QStringLiteral("SELECT COUNT(*) AS n FROM %1").arg(table));
-        rows.run().next();
-        counts += QStringLiteral("%1 %2").arg(table).arg(rows.number("n"));
-    }
-    return counts;
-}
-
-/// A time unit with the ends of a span.
+/// A time unit with the ends of a time range.
 struct Time
 {
     int type;
@@ -295,8 +282,8 @@ QStringList worldOf(SqlStore &store)
                     .arg(node.name, node.parentId)
                     .arg(node.level)
                     .arg(node.childCount);
-    Query sources(store.connection(), QStringLiteral("SELECT uid FROM source ORDER BY id"));
-    sources.run();
+    Statement sources(store.connection(), QStringLiteral("SELECT uid FROM source ORDER BY id"));
+    sources.execute();
     while (sources.next()) {
         const std::string uid = sources.text("uid").toStdString();
         rows += sources.text("uid") + QLatin1Char(' ') + client.getDevNameByChannelID(uid);
@@ -310,10 +297,10 @@ QStringList worldOf(SqlStore &store)
     for (int code = 0; code < 20; ++code)
         if (const TalvixAlarmType *type = client.getAlarmTypeByCode(code))
             rows += answertext::row(code, type->get_alarm_type_name());
-    Query persons(store.connection(),
+    Statement persons(store.connection(),
         QStringLiteral("SELECT p.id, p.name, g.name AS group_name, g.orga_id FROM person p "
                        "JOIN person_group g ON g.id = p.group_id ORDER BY p.id"));
-    persons.run();
+    persons.execute();
     while (persons.next())
         rows += QStringLiteral("%1 %2 %3 %4")
                     .arg(persons.integer("id"))
@@ -349,12 +336,11 @@ private:
         const QString file = write(folder, eventsOfCameras());
         SampleOptions options;
         options.seed = 3;
-        options.from = 202405022000;
-        options.to = minuteOf(testMoment());
+        options.from = minute("2024-05-02 20:00");
+        options.to = Minute(testMoment());
         for (EventStore *store : {inSqlite.get(), inPostgres.get()}) {
-            QString error;
-            QVERIFY2(store->store.generate(options, &error), qUtf8Printable(error));
-            QVERIFY2(store->store.importFile(file, {}, nullptr, &error), qUtf8Printable(error));
+            store->store.generate(options);
+            store->store.importFile(file);
         }
     }
 
@@ -376,8 +362,8 @@ private Q_SLOTS:
     {
         const TestDatabase database(Place::Postgres);
         Connection connection(database.url());
-        Query rows(connection, QStringLiteral("SELECT 'b' < 'C' AS letters"));
-        QVERIFY(rows.run().next());
+        Statement rows(connection, QStringLiteral("SELECT 'b' < 'C' AS letters"));
+        QVERIFY(rows.execute().next());
         QVERIFY(rows.integer("letters"));
     }
 
@@ -387,9 +373,8 @@ private Q_SLOTS:
         EventStore postgres(Place::Postgres);
         QCOMPARE(rowCounts(postgres.store), rowCounts(sqlite.store));
         for (EventStore *store : {&sqlite, &postgres}) {
-            Query version(store->store.connection(), QStringLiteral("SELECT version FROM talvix_schema"));
-            QVERIFY(version.run().next());
-            QCOMPARE(version.integer("version"), currentSchemaVersion());
+            Statement version(store->store.connection(), QStringLiteral("SELECT version FROM talvix_schema"));
+            QCOMPARE(version.execute().single(), currentSchemaVersion());
         }
     }
 
@@ -398,8 +383,7 @@ private Q_SLOTS:
         EventStore first(Place::Postgres);
         const QStringList before = rowCounts(first.store);
         SqlStore second;
-        QString error;
-        QVERIFY2(second.open(first.database.url(), &error), qUtf8Printable(error));
+        second.open(first.database.url());
         QCOMPARE(rowCounts(second), before);
         QCOMPARE(worldOf(second), worldOf(first.store));
     }
@@ -413,8 +397,7 @@ private Q_SLOTS:
             QVERIFY(!old.tableNames().contains(QStringLiteral("imported_file")));
         }
         SqlStore opened;
-        QString error;
-        QVERIFY2(opened.open(database.url(), &error), qUtf8Printable(error));
+        opened.open(database.url());
         QVERIFY(opened.connection().tableNames().contains(QStringLiteral("imported_file")));
     }
 
@@ -428,7 +411,7 @@ private Q_SLOTS:
             << QStringLiteral("The database %1 has version 1000, but this program knows only up to 2.");
         QTest::newRow("a schema without a version")
             << QStringLiteral("CREATE TABLE talvix_schema (version INTEGER NOT NULL)")
-            << QStringLiteral("The database %1 does not tell its version.");
+            << QStringLiteral("The database %1 does not state its version.");
         QTest::newRow("a database of another program") << QStringLiteral(
             "CREATE TABLE recipe (name TEXT)") << QStringLiteral("%1 is a database of another program.");
     }
@@ -442,9 +425,7 @@ private Q_SLOTS:
             other.execute(statement);
         const QStringList before = other.tableNames();
         SqlStore refused;
-        QString error;
-        QVERIFY(!refused.open(database.url(), &error));
-        QCOMPARE(error, reason.arg(other.displayName()));
+        QCOMPARE(failureOf([&] { refused.open(database.url()); }), reason.arg(other.displayName()));
         QVERIFY(!refused.isOpen());
         QCOMPARE(other.tableNames(), before);
     }
@@ -519,11 +500,9 @@ private Q_SLOTS:
         EventStore sqlite(Place::Memory);
         EventStore postgres(Place::Postgres);
         const QStringList before = rowCounts(postgres.store);
-        QString expected;
-        QString error;
-        QVERIFY(!sqlite.store.importFile(file, {}, nullptr, &expected));
-        QVERIFY(!postgres.store.importFile(file, {}, nullptr, &error));
-        QCOMPARE(error, expected);
+        const QString expected = failureOf([&] { sqlite.store.importFile(file); });
+        QVERIFY(!expected.isEmpty());
+        QCOMPARE(failureOf([&] { postgres.store.importFile(file); }), expected);
         QCOMPARE(rowCounts(postgres.store), before);
     }
 
@@ -534,14 +513,12 @@ private Q_SLOTS:
         const QString failure =
             QStringLiteral("The database %1 reports: relation \"nowhere\" does not exist.")
                 .arg(store.store.connection().displayName());
-        try {
+        QCOMPARE(failureOf([&] {
             Transaction transaction(store.store.connection());
             store.store.connection().execute(QStringLiteral("DELETE FROM organisation"));
-            Query(store.store.connection(), QStringLiteral("SELECT name FROM nowhere")).run();
-            QFAIL("The statement must fail.");
-        } catch (const StoreError &error) {
-            QCOMPARE(error.text(), failure);
-        }
+            Statement(store.store.connection(), QStringLiteral("SELECT name FROM nowhere")).execute();
+        }),
+            failure);
         QCOMPARE(rowCounts(store.store), before);
     }
 
@@ -554,10 +531,40 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(StoreError, transaction.commit());
     }
 
+    void twoProgramsDoNotMakeTheSameSampleEvents()
+    {
+        EventStore store(Place::Postgres);
+        EventStore undisturbed(Place::Memory);
+        SampleOptions options;
+        options.from = minute("2024-05-03 16:00");
+        options.to = minute("2024-05-03 17:00");
+        for (EventStore *filled : {&store, &undisturbed})
+            filled->store.generate(options);
+        QString failure = QStringLiteral("It never ran.");
+        const std::unique_ptr<QThread> other(QThread::create([&] {
+            failure = failureOf([&] {
+                SqlStore second;
+                second.open(store.database.url());
+                second.setPresentMoment([] { return testMoment(); });
+                second.topUp();
+            });
+        }));
+        Connection observer(store.database.url());
+        Statement waiting(observer, QStringLiteral("SELECT pid FROM pg_locks WHERE NOT granted"));
+        store.store.topUp([&](int, int) {
+            other->start();
+            QVERIFY(QTest::qWaitFor([&] { return other->isFinished() || waiting.execute().next(); }));
+        });
+        QVERIFY(other->wait());
+        QCOMPARE(failure, QString());
+        undisturbed.store.topUp();
+        QCOMPARE(countsIn(store.store), countsIn(undisturbed.store));
+    }
+
     void aPageShowsAnOutageAndGoesOnAfterIt()
     {
         EventStore store(Place::Postgres);
-        store.addSnapshots("ipc-111-1", 202405030910, 2, {1, 1, 1, 1}, 12);
+        store.addSnapshots("ipc-111-1", "2024-05-03 09:10", 2, {1, 1, 1, 1}, 12);
         SqlKrxClient client(store.store);
         installKrxClient(&client);
         installStatisticsManager(&store.service);
@@ -602,25 +609,19 @@ private Q_SLOTS:
         QCOMPARE(rowCounts(store.store), before);
         server().stop();
         QVERIFY(server().start());
-        store.addAlarms("ipc-111-1", 202405030910, 3);
+        store.addAlarms("ipc-111-1", "2024-05-03 09:10", 3);
         QVERIFY(!store.store.isEmpty());
     }
 
     void aQueryThatIsCutOffFailsWithAReason()
     {
         EventStore store(Place::Postgres);
-        Query rows(store.store.connection(), QStringLiteral("SELECT id FROM organisation WHERE id = ?"));
+        Statement rows(store.store.connection(), QStringLiteral("SELECT id FROM organisation WHERE id = ?"));
         server().stop();
-        try {
-            rows.run(1);
-            QFAIL("The query must fail.");
-        } catch (const StoreError &error) {
-            QCOMPARE(error.text(),
-                QStringLiteral(
-                    "The connection to the database %1 was lost: terminating connection due to administrator "
-                    "command.")
-                    .arg(store.store.connection().displayName()));
-        }
+        QCOMPARE(failureOf([&] { rows.execute(1); }),
+            QStringLiteral("The connection to the database %1 was lost: terminating connection due to "
+                           "administrator command.")
+                .arg(store.store.connection().displayName()));
     }
 
     void anImportThatIsCutOffLeavesNothingAndCanBeRepeated()
@@ -632,16 +633,14 @@ private Q_SLOTS:
         const QString file = write(folder, content);
         EventStore store(Place::Postgres);
         const QStringList before = rowCounts(store.store);
-        QString error;
-        QVERIFY(!store.store.importFile(file, {}, nullptr, &error, [](int, int) { server().stop(); }));
-        QCOMPARE(error,
+        QCOMPARE(failureOf([&] { store.store.importFile(file, {}, [](int, int) { server().stop(); }); }),
             QStringLiteral("The connection to the database %1 was lost: terminating connection due to "
                            "administrator command.")
                 .arg(store.store.connection().displayName()));
 
         QVERIFY(server().start());
         QCOMPARE(rowCounts(store.store), before);
-        QVERIFY2(store.store.importFile(file, {}, nullptr, &error), qUtf8Printable(error));
+        store.store.importFile(file);
         QVERIFY(!store.store.isEmpty());
     }
 

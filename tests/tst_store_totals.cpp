@@ -127,10 +127,9 @@ private Q_SLOTS:
         installStatisticsManager(&store->service);
         devdata::SampleOptions options;
         options.seed = 3;
-        options.from = 202405021500;
-        options.to = devdata::minuteOf(testMoment());
-        QString error;
-        QVERIFY2(store->store.generate(options, &error), qUtf8Printable(error));
+        options.from = minute("2024-05-02 15:00");
+        options.to = devdata::Minute(testMoment());
+        store->store.generate(options);
     }
     void cleanupTestCase()
     {
@@ -280,25 +279,26 @@ private Q_SLOTS:
         struct Check
         {
             const char *events;
-            const char *figures;
+            const char *counts;
         };
-        for (const Check &check : {Check{"SELECT SUM(count) AS n FROM alarm", "fact = 1"},
-                 Check{"SELECT SUM(count) AS n FROM alarm", "fact = 2"},
-                 Check{"SELECT SUM(minutes) AS n FROM online_interval", "fact = 3"},
-                 Check{"SELECT SUM(count) AS n FROM snapshot", "fact = 8"},
-                 Check{"SELECT 3 * SUM(count) AS n FROM snapshot WHERE class = 4", "fact = 9"},
-                 Check{"SELECT 4 * SUM(count) AS n FROM snapshot WHERE class = 2", "fact = 10"}}) {
-            devdata::Query events(store->store.connection(), QLatin1String(check.events));
-            QVERIFY(events.run().next());
-            for (const auto &[first, last] : {std::pair(2024050000LL, 2024053199LL),
-                     std::pair(20240501LL, 20240531LL), std::pair(202405LL, 202405LL)}) {
-                devdata::Query figures(store->store.connection(),
-                    QStringLiteral("SELECT SUM(count) AS n FROM figure WHERE scope = 1 AND %1 AND bucket "
-                                   "BETWEEN ? AND ?")
-                        .arg(QLatin1String(check.figures)));
-                QVERIFY(figures.run(first, last).next());
-                QCOMPARE(figures.number("n"), events.number("n"));
-                QVERIFY(figures.number("n") > 0);
+        for (const Check &check : {Check{"SELECT SUM(count) FROM alarm", "fact = 1"},
+                 Check{"SELECT SUM(count) FROM alarm", "fact = 2"},
+                 Check{"SELECT SUM(minutes) FROM online_interval", "fact = 3"},
+                 Check{"SELECT SUM(count) FROM snapshot", "fact = 8"},
+                 Check{"SELECT 3 * SUM(count) FROM snapshot WHERE class = 4", "fact = 9"},
+                 Check{"SELECT 4 * SUM(count) FROM snapshot WHERE class = 2", "fact = 10"}}) {
+            devdata::Statement events(store->store.connection(), QLatin1String(check.events));
+            const qint64 expected = events.execute().single();
+            QVERIFY(expected > 0);
+            for (const devdata::TimeRange &range :
+                {devdata::parseTimeRange(3, "2024-05-01 00", "2024-05-31 23"),
+                    devdata::parseTimeRange(2, "2024-05-01", "2024-05-31"),
+                    devdata::parseTimeRange(1, "2024-05", "2024-05")}) {
+                devdata::Statement counts(store->store.connection(),
+                    QStringLiteral("SELECT SUM(count) FROM figure WHERE scope = 1 AND %1 AND bucket BETWEEN "
+                                   "? AND ?")
+                        .arg(QLatin1String(check.counts)));
+                QCOMPARE(counts.execute(range).single(), expected);
             }
         }
     }

@@ -40,75 +40,62 @@ Figures::~Figures()
     installStatisticsManager(nullptr);
 }
 
-bool Figures::open(QString *error)
+void Figures::open()
 {
-    if (!isImportFileUsable(error))
-        return false;
-    const QString url = place(error);
-    if (url.isEmpty() || !m_store.open(url, error) || !fillAsAsked(error))
-        return false;
+    // A look ahead, before a database comes into being for a file that is none of events.
+    if (!m_options.importFile.isEmpty())
+        devdata::checkCsvFile(m_options.importFile);
+    m_store.open(place());
+    fillAsAsked();
     m_client = std::make_unique<SqlKrxClient>(m_store);
     m_service = std::make_unique<SqlStatisticsManager>(m_store);
     m_service->setLatency(m_options.latency);
     m_service->setFailureRate(m_options.failureRate);
     installKrxClient(m_client.get());
     installStatisticsManager(m_service.get());
-    return true;
 }
 
-// A look ahead, before a database comes into being for a file that is none of events.
-bool Figures::isImportFileUsable(QString *error) const
-{
-    try {
-        if (!m_options.importFile.isEmpty())
-            devdata::checkCsvFile(m_options.importFile);
-        return true;
-    } catch (const devdata::StoreError &wrong) {
-        *error = wrong.text();
-        return false;
-    }
-}
-
-QString Figures::place(QString *error) const
+QString Figures::place() const
 {
     if (!m_options.database.isEmpty())
         return m_options.database;
     if (m_options.inMemory())
         return QStringLiteral(":memory:");
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    if (!QDir().mkpath(folder)) {
-        *error = QStringLiteral("The folder \"%1\" for the database cannot be made.").arg(folder);
-        return {};
-    }
+    if (!QDir().mkpath(folder))
+        throw devdata::StoreError(
+            QStringLiteral("The folder \"%1\" for the database cannot be made.").arg(folder));
     return QDir(folder).filePath(QStringLiteral("figures.db"));
 }
 
-bool Figures::fillAsAsked(QString *error)
+void Figures::fillAsAsked()
 {
     if (!m_options.importFile.isEmpty())
-        return importFile(error);
+        return importFile();
     if (m_options.events > 0) {
         ProgressLine line(QStringLiteral("Making %1 events").arg(m_options.events));
-        return line.end(
-            m_store.fillForMeasuring(m_options.events, daysOfManyEvents, error, progressOn(line)));
-    }
-    if (m_store.isEmpty() || (m_options.generate && !m_store.hasSamples())) {
+        m_store.fillForMeasuring(m_options.events, daysOfManyEvents, progressOn(line));
+        line.succeed();
+    } else if (m_store.isEmpty() || (m_options.generate && !m_store.hasSamples())) {
         ProgressLine line(QStringLiteral("Making sample events"));
-        return line.end(m_store.fill(error, progressOn(line)));
+        m_store.fill(progressOn(line));
+        line.succeed();
+    } else {
+        ProgressLine line(QStringLiteral("Continuing the sample events"));
+        m_store.topUp(progressOn(line));
+        line.succeed();
     }
-    ProgressLine line(QStringLiteral("Continuing the sample events"));
-    return line.end(m_store.topUp(error, progressOn(line)));
 }
 
-bool Figures::importFile(QString *error)
+void Figures::importFile()
 {
     devdata::ImportOptions options;
     options.skipBadLines = m_options.skipBadLines;
     devdata::ImportReport report;
     {
         ProgressLine line(QStringLiteral("Importing ") + m_options.importFile);
-        if (!line.end(m_store.importFile(m_options.importFile, options, &report, error, progressOn(line))))
-            return false;
+        report = m_store.importFile(m_options.importFile, options, progressOn(line));
+        line.succeed();
     }
     tell(QStringLiteral("%1 lines imported, %2 left out, %3 sources added.")
              .arg(report.kept)
@@ -119,14 +106,16 @@ bool Figures::importFile(QString *error)
     const auto listed = static_cast<qint64>(report.reasons.size());
     if (report.leftOut > listed)
         tell(QStringLiteral("… and %1 more.").arg(report.leftOut - listed));
-    return true;
 }
 
 void Figures::keepUp()
 {
-    QString error;
-    if (!m_store.topUp(&error))
-        qWarning("%s", qUtf8Printable(error));
+    // The event loop lets no exception through, and another attempt follows.
+    try {
+        m_store.topUp();
+    } catch (const devdata::StoreError &error) {
+        qWarning("%s", error.what());
+    }
 }
 
 QString Figures::displayName()

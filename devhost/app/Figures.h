@@ -17,8 +17,8 @@ public:
     ~Figures();
 
     /// Opens the database, fills a new one, continues the sample events of an older one and does what else
-    /// the options ask. Tells its progress on standard error. On failure \a error is a sentence for the user.
-    bool open(QString *error);
+    /// the options ask. Tells its progress on standard error. Throws devdata::StoreError.
+    void open();
 
     /// Continues the sample events to the present moment.
     void keepUp();
@@ -30,10 +30,9 @@ public:
 private:
     Q_DISABLE_COPY_MOVE(Figures)
 
-    bool isImportFileUsable(QString *error) const;
-    QString place(QString *error) const;
-    bool fillAsAsked(QString *error);
-    bool importFile(QString *error);
+    QString place() const;
+    void fillAsAsked();
+    void importFile();
 
     Options m_options;
     SqlStore m_store;

@@ -107,7 +107,11 @@ private:
     void read(const QStringList &arguments)
     {
         if (!m.parser.parse(arguments)) {
-            line.problem = m.parser.errorText();
+            const QStringList unknown = m.parser.unknownOptionNames();
+            line.problem = unknown.isEmpty()
+                ? m.parser.errorText()
+                : QStringLiteral("Unknown option '%1%2'.")
+                      .arg(QLatin1String(unknown.constFirst().size() > 1 ? "--" : "-"), unknown.constFirst());
             if (!line.problem.endsWith(u'.'))
                 line.problem += u'.';
             return;
@@ -117,7 +121,8 @@ private:
             return;
         }
         if (!m.parser.positionalArguments().isEmpty()) {
-            fail(QStringLiteral("\"%1\" is no option.").arg(m.parser.positionalArguments().constFirst()));
+            fail(
+                QStringLiteral("Unexpected argument '%1'.").arg(m.parser.positionalArguments().constFirst()));
             return;
         }
         readOptions();
@@ -135,8 +140,8 @@ private:
         options.skipBadLines = m.parser.isSet(m.skipBadLines);
         options.language = text(m.language);
         if (!options.language.isEmpty() && !HostSettings::languages().contains(options.language)) {
-            fail(QStringLiteral("--language must be one of %1, not \"%2\".")
-                     .arg(HostSettings::languages().join(QStringLiteral(", ")), options.language));
+            fail(QStringLiteral("--language: '%1' is not one of %2.")
+                     .arg(options.language, HostSettings::languages().join(QStringLiteral(", "))));
         }
         options.service = static_cast<int>(number(m.service, 1, 9, 0));
         options.latency = static_cast<int>(number(m.latency, 0, longestLatency, 0));
@@ -186,11 +191,10 @@ private:
         const qint64 result = value.toLongLong(&understood);
         if (understood && result >= least && result <= most)
             return result;
-        fail(QStringLiteral("--%1 must be a whole number from %2 to %3, not \"%4\".")
-                 .arg(option.names().constLast())
+        fail(QStringLiteral("--%1: '%2' is not a whole number from %3 to %4.")
+                 .arg(option.names().constLast(), value)
                  .arg(least)
-                 .arg(most)
-                 .arg(value));
+                 .arg(most));
         return otherwise;
     }
 
@@ -204,7 +208,7 @@ private:
             if (result.isValid() && result.date().year() >= firstYear && result.date().year() <= lastYear)
                 return result;
         }
-        fail(QStringLiteral("--now must be a local moment such as 2014-03-15T17:00, not \"%1\".").arg(value));
+        fail(QStringLiteral("--now: '%1' is not a local time such as 2014-03-15T17:00.").arg(value));
         return {};
     }
 

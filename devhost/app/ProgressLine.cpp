@@ -52,12 +52,6 @@ void ProgressLine::tell(int done, int total)
         write(m_task + QStringLiteral(" …"), "\n");
 }
 
-bool ProgressLine::end(bool succeeded)
-{
-    m_succeeded = succeeded;
-    return succeeded;
-}
-
 void ProgressLine::write(const QString &text, const char *end) const
 {
     std::fprintf(stderr, "%s%s", qUtf8Printable(text), end);

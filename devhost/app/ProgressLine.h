@@ -11,8 +11,8 @@ public:
     ~ProgressLine();
 
     void tell(int done, int total);
-    /// Tells how the task ended, and returns it.
-    bool end(bool succeeded);
+    /// The task ended well; without this call it ended with an error.
+    void succeed() { m_succeeded = true; }
 
 private:
     Q_DISABLE_COPY_MOVE(ProgressLine)

@@ -113,9 +113,7 @@ int run(const Options &options)
         qApp->setProperty("presentMoment", options.now);
 
     Figures figures(options);
-    QString error;
-    if (!figures.open(&error))
-        return complain(error, failure);
+    figures.open();
     if (options.noWindow)
         return 0;
 
@@ -135,7 +133,7 @@ int main(int argc, char **argv)
 {
     CommandLine line = CommandLine::parse(argumentsOf(argc, argv));
     if (!line.problem.isEmpty())
-        return complain(line.problem + QStringLiteral(" --help tells all options."), usageProblem);
+        return complain(line.problem + QStringLiteral(" See --help."), usageProblem);
 
     const bool talksOnly = line.wish != CommandLine::Wish::Run;
     if (!talksOnly && line.options.wantsWindow() && !hasDisplay())
@@ -163,5 +161,9 @@ int main(int argc, char **argv)
     case CommandLine::Wish::Run:
         break;
     }
-    return run(line.options);
+    try {
+        return run(line.options);
+    } catch (const std::exception &exception) {
+        return complain(QString::fromUtf8(exception.what()), failure);
+    }
 }

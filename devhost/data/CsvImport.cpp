@@ -8,6 +8,9 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
+#include <map>
+#include <utility>
+
 namespace devdata {
 
 namespace {
@@ -15,6 +18,12 @@ namespace {
 constexpr qint64 longestLine = 4096;
 constexpr qint64 linesBetweenProgress = 2000;
 constexpr int minutesOfHour = 60;
+
+StoreError unreadable(const QFile &file)
+{
+    return StoreError(
+        QStringLiteral("The file %1 cannot be read: %2.").arg(file.fileName(), file.errorString()));
+}
 
 void openForReading(QFile &file)
 {
@@ -25,7 +34,7 @@ void openForReading(QFile &file)
     if (!info.isFile())
         throw StoreError(QStringLiteral("%1 is not a file.").arg(name));
     if (!file.open(QIODevice::ReadOnly))
-        throw StoreError(QStringLiteral("The file %1 cannot be read: %2.").arg(name, file.errorString()));
+        throw unreadable(file);
     if (file.size() == 0)
         throw StoreError(QStringLiteral("The file %1 is empty.").arg(name));
 }
@@ -34,26 +43,27 @@ QString hashOf(QFile &file)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     if (!hash.addData(&file) || !file.seek(0))
-        throw StoreError(
-            QStringLiteral("The file %1 cannot be read: %2.").arg(file.fileName(), file.errorString()));
+        throw unreadable(file);
     return QString::fromLatin1(hash.result().toHex());
 }
 
 void refuseSecondTime(Connection &connection, const QString &hash, const QString &name)
 {
-    Query rows(connection, QStringLiteral("SELECT name, imported_at FROM imported_file WHERE hash = ?"));
-    rows.run(hash);
+    Statement rows(connection, QStringLiteral("SELECT name, imported_at FROM imported_file WHERE hash = ?"));
+    rows.execute(hash);
     if (rows.next())
-        throw StoreError(QStringLiteral("The file %1 was already imported on %2.")
-                             .arg(name,
-                                 QString::fromStdString(labelOf(
-                                     bucketOf(rows.number("imported_at"), TimeUnit::Day), TimeUnit::Day))));
+        throw StoreError(
+            QStringLiteral("The file %1 was already imported on %2.")
+                .arg(name,
+                    QString::fromStdString(
+                        Minute::fromStored(rows.number("imported_at")).period(TimeUnit::Day).label())));
 }
 
 void registerFile(Connection &connection, const QString &hash, const QString &name, Minute now)
 {
-    Query(connection, QStringLiteral("INSERT INTO imported_file (hash, name, imported_at) VALUES (?, ?, ?)"))
-        .run(hash, QFileInfo(name).fileName(), now);
+    Statement(
+        connection, QStringLiteral("INSERT INTO imported_file (hash, name, imported_at) VALUES (?, ?, ?)"))
+        .execute(hash, QFileInfo(name).fileName(), now);
 }
 
 /// The lines of a file without their ends.
@@ -69,10 +79,10 @@ public:
         if (m_file.atEnd())
             return false;
         ++m_number;
-        m_line = m_file.readLine(longestLine);
+        m_line = readPart();
         m_tooLong = !m_line.endsWith('\n') && !m_file.atEnd();
         for (QByteArray rest = m_line; !rest.endsWith('\n') && !m_file.atEnd();)
-            rest = m_file.readLine(longestLine);
+            rest = readPart();
         while (m_line.endsWith('\n') || m_line.endsWith('\r'))
             m_line.chop(1);
         return true;
@@ -84,6 +94,14 @@ public:
     int percent() const { return static_cast<int>(m_file.pos() * 100 / m_file.size()); }
 
 private:
+    QByteArray readPart()
+    {
+        const QByteArray part = m_file.readLine(longestLine);
+        if (part.isEmpty())
+            throw unreadable(m_file);
+        return part;
+    }
+
     QFile &m_file;
     QByteArray m_line;
     qint64 m_number = 0;
@@ -108,9 +126,9 @@ class LineImporter
 public:
     explicit LineImporter(Connection &connection)
         : m_connection(connection)
-        , m_places(connection)
-        , m_sources(connection, m_places)
-        , m_writer(connection, m_places)
+        , m_hierarchy(connection)
+        , m_sources(connection, m_hierarchy)
+        , m_writer(connection, m_hierarchy)
     { }
 
     void import(const CsvLine &line)
@@ -122,7 +140,7 @@ public:
             return importOnline(line);
         case EventKind::Temperature:
             return importReading(line);
-        case EventKind::Snapshot:
+        case EventKind::SnapshotEvent:
             return importSnapshot(line);
         }
     }
@@ -144,7 +162,7 @@ private:
     void importOnline(const CsvLine &line)
     {
         const int device = m_sources.device(line.source);
-        const Bucket hour = bucketOf(line.at, TimeUnit::Hour);
+        const Period hour = line.at.period(TimeUnit::Hour);
         int &minutes = onlineMinutes(device, hour);
         if (minutes + line.count > minutesOfHour)
             throw WrongLine(QStringLiteral("%1 was already online for %2 minutes of this hour")
@@ -152,7 +170,7 @@ private:
                                 .arg(minutes));
         minutes += line.count;
         if (line.count > 0)
-            m_writer.add(OnlineInterval{firstMinuteOf(hour, TimeUnit::Hour), device, line.count});
+            m_writer.add(OnlineInterval{hour.start(), device, line.count});
     }
 
     void importReading(const CsvLine &line)
@@ -173,29 +191,26 @@ private:
     {
         const int channel = m_sources.channel(line.source);
         if (line.count > 0)
-            m_writer.add(Snapshot{line.at, channel, line.eventClass, {}, line.count});
+            m_writer.add(SnapshotEvent{line.at, channel, line.eventClass, {}, line.count});
     }
 
     /// Minutes that a device was online in an hour, with those that this import has added.
-    int &onlineMinutes(int device, Bucket hour)
+    int &onlineMinutes(int device, Period hour)
     {
-        const auto key = qMakePair(device, hour);
-        const auto known = m_minutes.find(key);
-        if (known != m_minutes.end())
-            return *known;
-        const Selection stored = {
-            Fact::OnlineMinutes, {Scope::Source}, {device}, {TimeUnit::Hour, hour, hour}};
-        int minutes = 0;
-        for (const ClassFigure &figure : figuresByClass(m_connection, stored))
-            minutes += static_cast<int>(figure.count);
-        return *m_minutes.insert(key, minutes);
+        const auto [entry, isNew] = m_minutes.try_emplace({device, hour}, 0);
+        if (!isNew)
+            return entry->second;
+        const Selection stored = {Fact::OnlineMinutes, {Scope::Source}, {device}, {hour, hour}};
+        for (const ClassCount &count : countsByClass(m_connection, stored))
+            entry->second += static_cast<int>(count.count);
+        return entry->second;
     }
 
     Connection &m_connection;
-    Places m_places;
+    Hierarchy m_hierarchy;
     ImportedSources m_sources;
     EventWriter m_writer;
-    QHash<QPair<int, Bucket>, int> m_minutes;
+    std::map<std::pair<int, Period>, int> m_minutes;
 };
 
 void importLine(LineImporter &importer, const LineReader &lines)

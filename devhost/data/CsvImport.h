@@ -7,7 +7,7 @@ namespace devdata {
 
 struct ImportOptions
 {
-    bool skipBadLines = false; ///< leaves wrong lines out in place of refusing the file
+    bool skipBadLines = false; ///< skips wrong lines instead of refusing the file
 };
 
 struct ImportReport
@@ -20,13 +20,13 @@ struct ImportReport
     int added = 0;                ///< cameras and persons that were not known before
 };
 
-/// Throws StoreError when the file can be none of events, whatever the database: it cannot be read, is empty
-/// or begins with another line.
+/// Throws StoreError when the file cannot be a file of events: it cannot be read, is empty or begins with
+/// another line.
 void checkCsvFile(const QString &fileName);
 
 /// Reads a file of events, "kind,time,source,class,count", into the database within the caller's transaction.
-/// Throws StoreError, naming file, line and reason, when the file cannot be taken. \a progress tells percent
-/// of the file.
+/// Throws StoreError, naming file, line and reason, when the file cannot be imported. \a progress reports
+/// percent of the file.
 ///
 /// - alarm: `class` is the alarm code.
 /// - online: `count` is the minutes online in that hour; `class` is not read.

@@ -53,12 +53,11 @@ EventKind kindOf(const QString &text)
     if (text == QLatin1String("temperature"))
         return EventKind::Temperature;
     if (text == QLatin1String("snapshot"))
-        return EventKind::Snapshot;
-    throw WrongLine(
-        QStringLiteral("the kind \"%1\" is none of alarm, online, temperature and snapshot").arg(text));
+        return EventKind::SnapshotEvent;
+    throw WrongLine(QStringLiteral("'%1' is not one of alarm, online, temperature and snapshot").arg(text));
 }
 
-// The number that digits make; -1 for what holds anything else.
+// The number that the digits make; -1 when there is anything else.
 int digitsOf(QStringView text)
 {
     int number = 0;
@@ -70,7 +69,7 @@ int digitsOf(QStringView text)
     return number;
 }
 
-// Taken apart by hand: Qt's parser of dates needs several times as long as all the rest of a line.
+// Parsed by hand: Qt's parser of dates takes several times as long as the rest of the line.
 Minute timeOf(const QString &text)
 {
     const QString complete = text.size() == 13 ? text + QLatin1String(":00") : text;
@@ -80,9 +79,9 @@ Minute timeOf(const QString &text)
         const QDate date(digitsOf(parts.mid(0, 4)), digitsOf(parts.mid(5, 2)), digitsOf(parts.mid(8, 2)));
         const QTime time(digitsOf(parts.mid(11, 2)), digitsOf(parts.mid(14, 2)));
         if (date.isValid() && date.year() >= 1 && time.isValid())
-            return minuteOf(QDateTime(date, time, Qt::UTC));
+            return Minute(date, time);
     }
-    throw WrongLine(QStringLiteral("the time \"%1\" is not of the form yyyy-MM-ddThh:mm").arg(text));
+    throw WrongLine(QStringLiteral("the time '%1' is not of the form yyyy-MM-ddThh:mm").arg(text));
 }
 
 int wholeNumber(const QString &text, const char *what)
@@ -90,8 +89,9 @@ int wholeNumber(const QString &text, const char *what)
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
     if (!isNumber || number < 0 || text.startsWith(QLatin1Char('+')))
-        throw WrongLine(
-            QStringLiteral("the %1 \"%2\" is no whole number from 0").arg(QLatin1String(what), text));
+        throw WrongLine(QStringLiteral("the %1 '%2' is not a whole number from 0 to %3")
+                            .arg(QLatin1String(what), text)
+                            .arg(std::numeric_limits<int>::max()));
     return number;
 }
 
@@ -101,8 +101,8 @@ int classOf(EventKind kind, const QString &text)
         return 0;
     const int number = wholeNumber(text, "class");
     if (kind == EventKind::Temperature && number > 3)
-        throw WrongLine(QStringLiteral("the temperature class %1 is none of 0 to 3").arg(number));
-    if (kind == EventKind::Snapshot && number != vehicleClass && number != pedestrianClass)
+        throw WrongLine(QStringLiteral("the temperature class %1 is not in the range 0 to 3").arg(number));
+    if (kind == EventKind::SnapshotEvent && number != vehicleClass && number != pedestrianClass)
         throw WrongLine(QStringLiteral("the snapshot class %1 is neither 4 nor 2").arg(number));
     return number;
 }
@@ -127,7 +127,7 @@ CsvLine parseCsvLine(const QByteArray &line)
 {
     const QStringList fields = fieldsOf(decoded(line));
     if (fields.size() != 5)
-        throw WrongLine(QStringLiteral("there are %1 fields in place of 5").arg(fields.size()));
+        throw WrongLine(QStringLiteral("expected 5 fields, found %1").arg(fields.size()));
     CsvLine result;
     result.kind = kindOf(fields[0]);
     result.at = timeOf(fields[1]);
@@ -135,7 +135,7 @@ CsvLine parseCsvLine(const QByteArray &line)
     result.eventClass = classOf(result.kind, fields[3]);
     result.count = wholeNumber(fields[4], "count");
     if (result.kind == EventKind::Online && result.count > minutesOfHour)
-        throw WrongLine(QStringLiteral("an hour has no %1 minutes").arg(result.count));
+        throw WrongLine(QStringLiteral("%1 minutes are more than an hour has").arg(result.count));
     return result;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Spans.h"
+#include "Periods.h"
 #include "Sql.h"
 
 #include <QtCore/QByteArray>
@@ -8,19 +8,19 @@
 
 namespace devdata {
 
-enum class EventKind { Alarm, Online, Temperature, Snapshot };
+enum class EventKind { Alarm, Online, Temperature, SnapshotEvent };
 
 /// A line of a file of events: "kind,time,source,class,count".
 struct CsvLine
 {
     EventKind kind = EventKind::Alarm;
-    Minute at = 0;
+    Minute at;
     QString source;
-    int eventClass = 0; ///< alarm code, temperature class or snapshot class; without meaning for online
+    int eventClass = 0; ///< alarm code, temperature class or snapshot class; unused for online
     int count = 0;      ///< for online the minutes online in that hour
 };
 
-/// Why a line cannot be taken.
+/// Why a line cannot be imported.
 class WrongLine : public StoreError
 {
 public:
@@ -30,7 +30,7 @@ public:
 /// The first line of every file.
 QByteArray csvHeader();
 
-/// Reads a line, given without its line end. Throws WrongLine.
+/// Parses a line without its line end. Throws WrongLine.
 CsvLine parseCsvLine(const QByteArray &line);
 
 } // namespace devdata

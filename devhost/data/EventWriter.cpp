@@ -7,7 +7,7 @@ namespace devdata {
 
 namespace {
 
-// Hourly figures that wait in memory before they are written.
+// Hourly counts that wait in memory before they are written.
 constexpr qsizetype mostWaitingHours = 400'000;
 
 using CountedCell = std::pair<EventWriter::Cell, qint64>;
@@ -23,7 +23,7 @@ bool isBefore(const CountedCell &left, const CountedCell &right)
         return a.scope < b.scope;
     if (a.subject != b.subject)
         return a.subject < b.subject;
-    return a.bucket != b.bucket ? a.bucket < b.bucket : a.figureClass < b.figureClass;
+    return a.period != b.period ? a.period < b.period : a.eventClass < b.eventClass;
 }
 
 std::optional<Fact> totalOf(Fact fact)
@@ -45,40 +45,33 @@ std::optional<int> orNull(int id)
 
 } // namespace
 
-EventWriter::EventWriter(Connection &connection, const Places &places)
+EventWriter::EventWriter(Connection &connection, const Hierarchy &hierarchy)
     : m_connection(connection)
-    , m_places(places)
-    , m_alarms(connection, QStringLiteral("alarm"),
-          {QStringLiteral("at"), QStringLiteral("source_id"), QStringLiteral("type"),
-              QStringLiteral("count")})
-    , m_intervals(connection, QStringLiteral("online_interval"),
-          {QStringLiteral("start_at"), QStringLiteral("source_id"), QStringLiteral("minutes")})
+    , m_hierarchy(hierarchy)
+    , m_alarms(connection, QStringLiteral("alarm"), QStringLiteral("at, source_id, type, count"))
+    , m_intervals(
+          connection, QStringLiteral("online_interval"), QStringLiteral("start_at, source_id, minutes"))
     , m_readings(connection, QStringLiteral("temperature"),
-          {QStringLiteral("at"), QStringLiteral("source_id"), QStringLiteral("person_id"),
-              QStringLiteral("class"), QStringLiteral("mask"), QStringLiteral("handling"),
-              QStringLiteral("count")})
+          QStringLiteral("at, source_id, person_id, class, mask, handling, count"))
     , m_snapshots(connection, QStringLiteral("snapshot"),
-          {QStringLiteral("at"), QStringLiteral("source_id"), QStringLiteral("class"),
-              QStringLiteral("minor_1"), QStringLiteral("minor_2"), QStringLiteral("minor_3"),
-              QStringLiteral("minor_4"), QStringLiteral("count")})
+          QStringLiteral("at, source_id, class, minor_1, minor_2, minor_3, minor_4, count"))
 { }
 
 void EventWriter::add(const AlarmEvent &alarm)
 {
     m_alarms.add(alarm.at, alarm.source, alarm.type, alarm.count);
-    ++m_eventCount;
     count(Fact::AlarmTypes, Scope::Source, alarm.source, alarm.at, alarm.type, alarm.count);
 }
 
 void EventWriter::add(const OnlineInterval &interval)
 {
     m_intervals.add(interval.start, interval.source, interval.minutes);
-    ++m_eventCount;
     Minute at = interval.start;
     for (qint64 left = interval.minutes; left > 0;) {
-        const qint64 inHour = std::min(left, 60 - at % 100);
+        const Minute nextHour = at.period(TimeUnit::Hour).next().start();
+        const qint64 inHour = std::min(left, at.minutesTo(nextHour));
         count(Fact::OnlineMinutes, Scope::Source, interval.source, at, 0, inHour);
-        at = addMinutes(at, inHour);
+        at = nextHour;
         left -= inHour;
     }
 }
@@ -87,14 +80,13 @@ void EventWriter::add(const TemperatureReading &reading)
 {
     m_readings.add(reading.at, orNull(reading.source), orNull(reading.person), reading.temperatureClass,
         reading.maskClass, reading.handling, reading.count);
-    ++m_eventCount;
     if (reading.person > 0)
         count(Fact::ReadingClasses, Scope::Person, reading.person, reading.at, reading.temperatureClass,
             reading.count);
-    const int organisation = reading.source > 0 ? m_places.organisationOfSource(reading.source)
-                                                : m_places.organisationOfPerson(reading.person);
-    const auto countForOrganisation = [&](Fact fact, int figureClass) {
-        count(fact, Scope::Organisation, organisation, reading.at, figureClass, reading.count);
+    const int organisation = reading.source > 0 ? m_hierarchy.organisationOfSource(reading.source)
+                                                : m_hierarchy.organisationOfPerson(reading.person);
+    const auto countForOrganisation = [&](Fact fact, int eventClass) {
+        count(fact, Scope::Organisation, organisation, reading.at, eventClass, reading.count);
     };
     countForOrganisation(Fact::ReadingClasses, reading.temperatureClass);
     countForOrganisation(Fact::MaskClasses, reading.maskClass);
@@ -102,16 +94,15 @@ void EventWriter::add(const TemperatureReading &reading)
         countForOrganisation(Fact::HandlingStates, reading.handling);
 }
 
-void EventWriter::add(const Snapshot &snapshot)
+void EventWriter::add(const SnapshotEvent &snapshot)
 {
     m_snapshots.add(snapshot.at, snapshot.source, snapshot.snapClass, snapshot.minors[0], snapshot.minors[1],
         snapshot.minors[2], snapshot.minors[3], snapshot.count);
-    ++m_eventCount;
     count(Fact::Snapshots, Scope::Source, snapshot.source, snapshot.at, snapshot.snapClass, snapshot.count);
     countDetails(snapshot);
 }
 
-void EventWriter::countDetails(const Snapshot &snapshot)
+void EventWriter::countDetails(const SnapshotEvent &snapshot)
 {
     const Fact fact = snapshot.snapClass == vehicleClass ? Fact::VehicleDetails : Fact::PedestrianDetails;
     const auto majors = majorTypesOf(snapshot.snapClass);
@@ -120,80 +111,79 @@ void EventWriter::countDetails(const Snapshot &snapshot)
             snapshot.count);
 }
 
-void EventWriter::count(Fact fact, Scope scope, int subject, Minute at, int figureClass, qint64 number)
+void EventWriter::count(Fact fact, Scope scope, int subject, Minute at, int eventClass, qint64 number)
 {
     if (number <= 0)
         return;
-    m_hours[{fact, scope, subject, figureClass, bucketOf(at, TimeUnit::Hour)}] += number;
+    m_hours[{fact, scope, subject, eventClass, at.period(TimeUnit::Hour)}] += number;
     if (m_hours.size() >= mostWaitingHours)
-        writeFigures();
+        writeCounts();
 }
 
-void EventWriter::spreadOverTime(const Cell &hour, qint64 number)
+void EventWriter::aggregateOverTime(const Cell &hour, qint64 number)
 {
     for (const TimeUnit unit : {TimeUnit::Hour, TimeUnit::Day, TimeUnit::Month}) {
         Cell cell = hour;
-        cell.bucket = bucketOfHour(hour.bucket, unit);
-        spreadOverSubjects(cell, number);
+        cell.period = hour.period.period(unit);
+        aggregateOverSubjects(cell, number);
         if (const std::optional<Fact> total = totalOf(hour.fact)) {
             cell.fact = *total;
-            cell.figureClass = 0;
-            spreadOverSubjects(cell, number);
+            cell.eventClass = 0;
+            aggregateOverSubjects(cell, number);
         }
     }
 }
 
-void EventWriter::spreadOverSubjects(const Cell &cell, qint64 number)
+void EventWriter::aggregateOverSubjects(const Cell &cell, qint64 number)
 {
-    m_figures[cell] += number;
+    m_counts[cell] += number;
     if (cell.scope == Scope::Source && cell.fact != Fact::OnlineMinutes) {
         Cell own = cell;
         own.scope = Scope::Organisation;
-        own.subject = m_places.organisationOfSource(cell.subject);
-        m_figures[own] += number;
-        spreadOverOrganisations(cell, own.subject, number);
+        own.subject = m_hierarchy.organisationOfSource(cell.subject);
+        m_counts[own] += number;
+        aggregateOverOrganisations(cell, own.subject, number);
     } else if (cell.scope == Scope::Organisation) {
-        spreadOverOrganisations(cell, cell.subject, number);
+        aggregateOverOrganisations(cell, cell.subject, number);
     } else if (cell.scope == Scope::Person) {
         Cell group = cell;
         group.scope = Scope::PersonGroup;
-        group.subject = m_places.groupOfPerson(cell.subject);
-        m_figures[group] += number;
+        group.subject = m_hierarchy.groupOfPerson(cell.subject);
+        m_counts[group] += number;
     }
 }
 
-void EventWriter::spreadOverOrganisations(const Cell &cell, int organisation, qint64 number)
+void EventWriter::aggregateOverOrganisations(const Cell &cell, int organisation, qint64 number)
 {
     Cell above = cell;
     above.scope = Scope::BelowOrganisation;
-    for (const int ancestor : m_places.above(organisation)) {
+    for (const int ancestor : m_hierarchy.above(organisation)) {
         above.subject = ancestor;
-        m_figures[above] += number;
+        m_counts[above] += number;
     }
 }
 
-void EventWriter::writeFigures()
+void EventWriter::writeCounts()
 {
     for (auto hour = m_hours.cbegin(); hour != m_hours.cend(); ++hour)
-        spreadOverTime(hour.key(), hour.value());
+        aggregateOverTime(hour.key(), hour.value());
     m_hours.clear();
 
     // In the order of the table, so that neighbours are written together.
-    std::vector<CountedCell> figures;
-    figures.reserve(static_cast<size_t>(m_figures.size()));
-    for (auto figure = m_figures.cbegin(); figure != m_figures.cend(); ++figure)
-        figures.emplace_back(figure.key(), figure.value());
-    m_figures.clear();
-    std::sort(figures.begin(), figures.end(), isBefore);
+    std::vector<CountedCell> counts;
+    counts.reserve(static_cast<size_t>(m_counts.size()));
+    for (auto count = m_counts.cbegin(); count != m_counts.cend(); ++count)
+        counts.emplace_back(count.key(), count.value());
+    m_counts.clear();
+    std::sort(counts.begin(), counts.end(), isBefore);
 
     BatchInsert rows(m_connection, QStringLiteral("figure"),
-        {QStringLiteral("fact"), QStringLiteral("scope"), QStringLiteral("subject"), QStringLiteral("bucket"),
-            QStringLiteral("class"), QStringLiteral("count")},
+        QStringLiteral("fact, scope, subject, bucket, class, count"),
         QStringLiteral("ON CONFLICT (fact, scope, subject, bucket, class) "
                        "DO UPDATE SET count = figure.count + excluded.count"));
-    for (const auto &[cell, number] : figures)
-        rows.add(static_cast<int>(cell.fact), static_cast<int>(cell.scope), cell.subject, cell.bucket,
-            cell.figureClass, number);
+    for (const auto &[cell, number] : counts)
+        rows.add(static_cast<int>(cell.fact), static_cast<int>(cell.scope), cell.subject, cell.period,
+            cell.eventClass, number);
     rows.flush();
 }
 
@@ -201,7 +191,7 @@ void EventWriter::flush()
 {
     for (BatchInsert *events : {&m_alarms, &m_intervals, &m_readings, &m_snapshots})
         events->flush();
-    writeFigures();
+    writeCounts();
 }
 
 } // namespace devdata

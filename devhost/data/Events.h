@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Spans.h"
+#include "Periods.h"
 
 #include <array>
 
@@ -9,16 +9,16 @@ namespace devdata {
 /// One or more alarms of a source in one minute.
 struct AlarmEvent
 {
-    Minute at = 0;
+    Minute at;
     int source = 0;
     int type = 0;
     int count = 1;
 };
 
-/// A stretch of time in which a device was online.
+/// A time in which a device was online.
 struct OnlineInterval
 {
-    Minute start = 0;
+    Minute start;
     int source = 0;
     int minutes = 0;
 };
@@ -29,7 +29,7 @@ constexpr int noAlarm = -1;
 /// One or more temperature readings alike. Either the source or the person may be missing (0).
 struct TemperatureReading
 {
-    Minute at = 0;
+    Minute at;
     int source = 0;
     int person = 0;
     int temperatureClass = 0; ///< 0 normal, 1 too high, 2 too low, 3 abnormal
@@ -50,9 +50,9 @@ inline std::array<int, mostMajorTypes> majorTypesOf(int snapClass)
 }
 
 /// One or more snapshots alike: a vehicle or a pedestrian with one minor type for each major.
-struct Snapshot
+struct SnapshotEvent
 {
-    Minute at = 0;
+    Minute at;
     int source = 0;
     int snapClass = pedestrianClass;
     std::array<int, mostMajorTypes> minors = {};
@@ -67,7 +67,7 @@ public:
     virtual void add(const AlarmEvent &alarm) = 0;
     virtual void add(const OnlineInterval &interval) = 0;
     virtual void add(const TemperatureReading &reading) = 0;
-    virtual void add(const Snapshot &snapshot) = 0;
+    virtual void add(const SnapshotEvent &snapshot) = 0;
 };
 
 } // namespace devdata

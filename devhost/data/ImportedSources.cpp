@@ -14,12 +14,13 @@ QString importedName()
 
 } // namespace
 
-ImportedSources::ImportedSources(Connection &connection, Places &places)
+ImportedSources::ImportedSources(Connection &connection, Hierarchy &hierarchy)
     : m_connection(connection)
-    , m_places(places)
+    , m_hierarchy(hierarchy)
 {
-    Query rows(connection, QStringLiteral("SELECT id, kind, uid, device_id FROM source ORDER BY id DESC"));
-    rows.run();
+    Statement rows(
+        connection, QStringLiteral("SELECT id, kind, uid, device_id FROM source ORDER BY id DESC"));
+    rows.execute();
     while (rows.next()) {
         const int id = rows.integer("id");
         if (rows.integer("kind") == static_cast<int>(SourceKind::Device)) {
@@ -66,7 +67,7 @@ ImportedSources::Subject ImportedSources::subject(const QString &name)
     const int person = name.toInt(&isNumber);
     if (!isNumber || person <= 0 || m_channels.contains(name) || m_devices.contains(name))
         return {channelOrDevice(name), 0};
-    return {0, m_places.groupOfPerson(person) ? person : addPerson(person)};
+    return {0, m_hierarchy.groupOfPerson(person) ? person : addPerson(person)};
 }
 
 // A camera is a device and its one channel; both bear the uid that the file knows.
@@ -78,7 +79,7 @@ int ImportedSources::addCamera(const QString &uid)
     camera.name = uid;
     const int device = addSource(m_connection, camera);
     m_devices.insert(uid, device);
-    m_places.addSource(device, camera.organisation);
+    m_hierarchy.addSource(device, camera.organisation);
     ++m_added;
     return addChannel(uid, device);
 }
@@ -89,13 +90,13 @@ int ImportedSources::addChannel(const QString &uid, int device)
     channel.kind = SourceKind::Channel;
     channel.uid = uid;
     channel.device = device;
-    channel.organisation = m_places.organisationOfSource(device);
+    channel.organisation = m_hierarchy.organisationOfSource(device);
     channel.name = uid;
     const int id = addSource(m_connection, channel);
     m_channels.insert(uid, id);
     m_deviceOfChannel.insert(id, device);
     m_firstChannel.insert(device, id);
-    m_places.addSource(id, channel.organisation);
+    m_hierarchy.addSource(id, channel.organisation);
     return id;
 }
 
@@ -103,7 +104,7 @@ int ImportedSources::addPerson(int id)
 {
     const int group = personGroup();
     devdata::addPerson(m_connection, id, group, QString::number(id));
-    m_places.addPerson(id, group);
+    m_hierarchy.addPerson(id, group);
     ++m_added;
     return id;
 }
@@ -114,7 +115,7 @@ int ImportedSources::organisation()
         return static_cast<int>(known);
     const int id = nextId(m_connection, QStringLiteral("organisation"));
     addOrganisation(m_connection, id, rootOrganisation, importedName());
-    m_places.addOrganisation(id, rootOrganisation);
+    m_hierarchy.addOrganisation(id, rootOrganisation);
     setNumber(m_connection, Setting::ImportedOrganisation, id);
     return id;
 }
@@ -122,11 +123,11 @@ int ImportedSources::organisation()
 int ImportedSources::personGroup()
 {
     const int owner = organisation();
-    if (const int known = m_places.anyGroupOf(owner))
+    if (const int known = m_hierarchy.anyGroupOf(owner))
         return known;
     const int id = nextId(m_connection, QStringLiteral("person_group"));
     addPersonGroup(m_connection, id, owner, importedName());
-    m_places.addPersonGroup(id, owner);
+    m_hierarchy.addPersonGroup(id, owner);
     return id;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Places.h"
+#include "Hierarchy.h"
 
 #include <QtCore/QString>
 
@@ -11,7 +11,7 @@ namespace devdata {
 class ImportedSources
 {
 public:
-    ImportedSources(Connection &connection, Places &places);
+    ImportedSources(Connection &connection, Hierarchy &hierarchy);
 
     /// The channel with this uid, or else the device; new ones are channels.
     int channelOrDevice(const QString &uid);
@@ -38,7 +38,7 @@ private:
     int personGroup();
 
     Connection &m_connection;
-    Places &m_places;
+    Hierarchy &m_hierarchy;
     QHash<QString, int> m_channels;
     QHash<QString, int> m_devices;
     QHash<int, int> m_deviceOfChannel;

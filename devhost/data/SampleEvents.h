@@ -41,19 +41,19 @@ constexpr int usualDensity = 1000;
 struct SampleOptions
 {
     quint64 seed = 1;
-    Minute from = 0;            ///< first minute
-    Minute to = 0;              ///< first minute after the last
-    Minute fineFrom = 0;        ///< days before this one have their events in a few hours only
+    Minute from;                ///< first minute
+    Minute to;                  ///< first minute after the last
+    Minute fineFrom;            ///< days before this one have their events in a few hours only
     int density = usualDensity; ///< how many events
     bool singly = false;        ///< every alarm, reading and snapshot is an event of its own
 };
 
-/// Makes events with the rhythm of days and weeks. The same seed gives the same events whether a stretch of
-/// time is made at once or in pieces.
+/// Makes events with the rhythm of days and weeks. The same seed gives the same events whether a time
+/// range is made at once or in pieces.
 void generateSampleEvents(
     const SampleWorld &world, const SampleOptions &options, EventSink &sink, const Progress &progress = {});
 
-/// The density with which single events between the two moments become about \a events in number.
+/// The density with which about \a events single events are made.
 int densityForEvents(const SampleWorld &world, const SampleOptions &options, qint64 events);
 
 } // namespace devdata

@@ -13,7 +13,7 @@ QString versionTable()
 
 using Step = QStringList (*)(const Connection &);
 
-QStringList worldEventsAndFigures(const Connection &connection)
+QStringList worldEventsAndCounts(const Connection &connection)
 {
     return {
         QStringLiteral("CREATE TABLE organisation (id INTEGER PRIMARY KEY, parent_id INTEGER NOT NULL, "
@@ -61,34 +61,24 @@ QStringList importRegister(const Connection &)
 
 const std::vector<Step> &steps()
 {
-    static const std::vector<Step> all = {worldEventsAndFigures, importRegister};
+    static const std::vector<Step> all = {worldEventsAndCounts, importRegister};
     return all;
-}
-
-QStringList readTableNames(Connection &connection)
-{
-    try {
-        return connection.tableNames();
-    } catch (const DatabaseError &error) {
-        throw StoreError(QStringLiteral("%1 cannot be read as a database: %2.")
-                             .arg(connection.displayName(), error.reason()));
-    }
 }
 
 int readVersion(Connection &connection)
 {
-    const QStringList tables = readTableNames(connection);
+    const QStringList tables = connection.tableNames();
     if (tables.isEmpty())
         return 0;
     if (!tables.contains(versionTable()))
         throw StoreError(
             QStringLiteral("%1 is a database of another program.").arg(connection.displayName()));
-    Query rows(connection, QStringLiteral("SELECT version FROM %1").arg(versionTable()));
-    rows.run();
+    Statement rows(connection, QStringLiteral("SELECT version FROM %1").arg(versionTable()));
+    rows.execute();
     const int version = rows.next() ? rows.integer("version") : 0;
     if (version < 1)
         throw StoreError(
-            QStringLiteral("The database %1 does not tell its version.").arg(connection.displayName()));
+            QStringLiteral("The database %1 does not state its version.").arg(connection.displayName()));
     return version;
 }
 
@@ -112,7 +102,7 @@ int currentSchemaVersion()
 
 void migrate(Connection &connection, int version)
 {
-    const int present = readVersion(connection);
+    int present = readVersion(connection);
     if (present > version)
         throw StoreError(
             QStringLiteral("The database %1 has version %2, but this program knows only up to %3.")
@@ -122,12 +112,15 @@ void migrate(Connection &connection, int version)
     if (present == version)
         return;
     Transaction transaction(connection);
+    // Another program may have been quicker.
+    present = readVersion(connection);
     for (int step = present; step < version; ++step) {
         const QStringList statements = steps()[static_cast<size_t>(step)](connection);
         for (const QString &statement : statements)
             connection.execute(statement);
     }
-    recordVersion(connection, present, version);
+    if (present < version)
+        recordVersion(connection, present, version);
     transaction.commit();
 }
 

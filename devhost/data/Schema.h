@@ -8,7 +8,7 @@ namespace devdata {
 int currentSchemaVersion();
 
 /// Brings the database to \a version, step by step, in one transaction. Throws StoreError, with the database
-/// left as it was, when it is of a newer version or not a database of figures at all.
+/// left as it was, when it is of a newer version or belongs to another program.
 void migrate(Connection &connection, int version = currentSchemaVersion());
 
 } // namespace devdata

@@ -23,17 +23,17 @@ QString nameOf(Setting setting)
 
 qint64 numberOf(Connection &connection, Setting setting)
 {
-    Query rows(connection, QStringLiteral("SELECT number FROM setting WHERE name = ?"));
-    rows.run(nameOf(setting));
+    Statement rows(connection, QStringLiteral("SELECT number FROM setting WHERE name = ?"));
+    rows.execute(nameOf(setting));
     return rows.next() ? rows.number("number") : 0;
 }
 
 void setNumber(Connection &connection, Setting setting, qint64 number)
 {
-    Query(connection,
+    Statement(connection,
         QStringLiteral("INSERT INTO setting (name, number) VALUES (?, ?) "
                        "ON CONFLICT (name) DO UPDATE SET number = excluded.number"))
-        .run(nameOf(setting), number);
+        .execute(nameOf(setting), number);
 }
 
 } // namespace devdata

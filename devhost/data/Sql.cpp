@@ -20,8 +20,8 @@ QString newConnectionName()
     return QStringLiteral("talvix-data-%1").arg(++count);
 }
 
-// The first line alone: PostgreSQL goes on with the statement, its codes and advice. What stands before the
-// reason, whom was asked and how bad it is, the sentence tells by itself.
+// PostgreSQL adds lines with the statement, codes and advice, and begins with the server and a severity that
+// the sentence names anyway.
 QString reasonOf(const QSqlError &error)
 {
     static const QRegularExpression preface(
@@ -39,6 +39,14 @@ QString postgresDriver()
     return QStringLiteral("QPSQL");
 }
 
+// Codes of SQLite, without the higher bits that say more.
+enum SqliteError { busy = 5, corrupt = 11, notADatabase = 26 };
+
+int sqliteErrorOf(const QSqlError &error)
+{
+    return error.nativeErrorCode().toInt() & 0xff;
+}
+
 bool isPostgresUrl(const QString &url)
 {
     return url.startsWith(QLatin1String("postgres://")) || url.startsWith(QLatin1String("postgresql://"));
@@ -54,11 +62,6 @@ QString StoreError::text() const
 {
     return QString::fromUtf8(what());
 }
-
-DatabaseError::DatabaseError(const QString &text, const QString &reason)
-    : StoreError(text)
-    , m_reason(reason)
-{ }
 
 Connection::Connection(const QString &url)
     : m_url(url)
@@ -116,7 +119,7 @@ void Connection::openPostgres()
     m_database.setUserName(parts.userName());
     m_database.setPassword(parts.password());
     m_database.setDatabaseName(parts.path().mid(1));
-    // Queries block the window, so a server that cannot be reached must not be waited for without end.
+    // Queries block the window, so waiting for a server that cannot be reached must end.
     m_database.setConnectOptions(QStringLiteral("connect_timeout=10;tcp_user_timeout=20000"));
     openDriver();
 }
@@ -128,7 +131,7 @@ void Connection::openDriver()
                              .arg(m_displayName, reasonOf(m_database.lastError())));
 }
 
-// Without its driver a query no longer tries to clear up at a server that is gone.
+// Without its driver a query no longer tries to clean up on a server that is gone.
 void Connection::close()
 {
     m_inTransaction = false;
@@ -158,18 +161,20 @@ void Connection::attempt(const Step &step)
 
 void Connection::fail(const QSqlError &error)
 {
-    // PostgreSQL takes nothing more in a transaction of which a statement failed, and complains of each try.
-    takeBack();
+    // PostgreSQL refuses every further statement of a transaction of which one failed.
+    rollback();
     const QString reason = reasonOf(error);
     if (isLost()) {
         close();
         throw StoreError(
             QStringLiteral("The connection to the database %1 was lost: %2.").arg(m_displayName, reason));
     }
-    // The driver passes on the code of this error for some statements only.
-    if (isSqlite() && reason == QLatin1String("database is locked"))
+    const int sqliteError = isSqlite() ? sqliteErrorOf(error) : 0;
+    if (sqliteError == busy)
         throw StoreError(QStringLiteral("The database %1 is in use by another program.").arg(m_displayName));
-    throw DatabaseError(QStringLiteral("The database %1 reports: %2.").arg(m_displayName, reason), reason);
+    if (sqliteError == corrupt || sqliteError == notADatabase)
+        throw StoreError(QStringLiteral("%1 cannot be read as a database: %2.").arg(m_displayName, reason));
+    throw StoreError(QStringLiteral("The database %1 reports: %2.").arg(m_displayName, reason));
 }
 
 bool Connection::isLost()
@@ -179,8 +184,7 @@ bool Connection::isLost()
 
 void Connection::begin()
 {
-    attempt(
-        [](QSqlDatabase &database) { return database.transaction() ? QSqlError() : database.lastError(); });
+    execute(isSqlite() ? QStringLiteral("BEGIN IMMEDIATE") : QStringLiteral("BEGIN"));
     m_inTransaction = true;
 }
 
@@ -188,13 +192,13 @@ void Connection::commit()
 {
     if (!m_inTransaction)
         throw StoreError(
-            QStringLiteral("The changes of the database %1 were taken back.").arg(m_displayName));
-    if (!m_database.commit())
-        fail(m_database.lastError());
+            QStringLiteral("The changes of the database %1 were rolled back.").arg(m_displayName));
+    // The driver's own function does not pass on the code of an error.
+    execute(QStringLiteral("COMMIT"));
     m_inTransaction = false;
 }
 
-void Connection::takeBack()
+void Connection::rollback()
 {
     if (m_inTransaction && m_database.isOpen())
         m_database.rollback();
@@ -212,11 +216,11 @@ void Connection::execute(const QString &sql)
 QStringList Connection::tableNames()
 {
     // QSqlDatabase::tables() would hide that the file cannot be read.
-    Query tables(*this,
+    Statement tables(*this,
         isSqlite()
             ? QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table'")
             : QStringLiteral("SELECT tablename AS name FROM pg_tables WHERE schemaname = current_schema()"));
-    tables.run();
+    tables.execute();
     QStringList names;
     while (tables.next())
         names.append(tables.text("name"));
@@ -226,6 +230,12 @@ QStringList Connection::tableNames()
 QString Connection::clusteredTable() const
 {
     return isSqlite() ? QStringLiteral(" WITHOUT ROWID") : QString();
+}
+
+void Connection::lockTable(const QString &name)
+{
+    if (!isSqlite())
+        execute(QStringLiteral("LOCK TABLE %1 IN SHARE ROW EXCLUSIVE MODE").arg(name));
 }
 
 void Connection::tune()
@@ -246,7 +256,7 @@ void Connection::relaxForBulkWork()
     }
 }
 
-Query::Query(Connection &connection, const QString &sql)
+Statement::Statement(Connection &connection, const QString &sql)
     : m_connection(&connection)
 {
     connection.attempt([&](QSqlDatabase &database) {
@@ -256,13 +266,7 @@ Query::Query(Connection &connection, const QString &sql)
     });
 }
 
-Query &Query::bind(const QVariant &value)
-{
-    m_query.bindValue(m_bound++, value);
-    return *this;
-}
-
-Query &Query::start()
+Statement &Statement::executeBound()
 {
     m_bound = 0;
     if (!m_query.exec())
@@ -275,7 +279,7 @@ Query &Query::start()
     return *this;
 }
 
-bool Query::next()
+bool Statement::next()
 {
     if (m_query.next())
         return true;
@@ -284,27 +288,34 @@ bool Query::next()
     return false;
 }
 
-QVariant Query::value(const char *column) const
+QVariant Statement::value(const char *column) const
 {
     const qsizetype position = m_columns.indexOf(QLatin1String(column));
     if (position < 0)
-        throw StoreError(QStringLiteral("The answer has no column %1.").arg(QLatin1String(column)));
+        throw StoreError(QStringLiteral("The result has no column %1.").arg(QLatin1String(column)));
     return m_query.value(static_cast<int>(position));
 }
 
-int Query::integer(const char *column) const
+int Statement::integer(const char *column) const
 {
     return value(column).toInt();
 }
 
-qint64 Query::number(const char *column) const
+qint64 Statement::number(const char *column) const
 {
     return value(column).toLongLong();
 }
 
-QString Query::text(const char *column) const
+QString Statement::text(const char *column) const
 {
     return value(column).toString();
+}
+
+qint64 Statement::single()
+{
+    if (!next())
+        throw StoreError(QStringLiteral("The result has no rows."));
+    return m_query.value(0).toLongLong();
 }
 
 QString placeholders(size_t count)
@@ -321,7 +332,7 @@ Transaction::Transaction(Connection &connection)
 Transaction::~Transaction()
 {
     if (m_open)
-        m_connection.takeBack();
+        m_connection.rollback();
 }
 
 void Transaction::commit()
@@ -331,9 +342,9 @@ void Transaction::commit()
 }
 
 BatchInsert::BatchInsert(
-    Connection &connection, const QString &table, const QStringList &columns, const QString &conflict)
+    Connection &connection, const QString &table, const QString &columns, const QString &conflict)
     : m_connection(connection)
-    , m_statement(QStringLiteral("INSERT INTO %1 (%2) VALUES ").arg(table, columns.join(QLatin1String(", "))))
+    , m_statement(QStringLiteral("INSERT INTO %1 (%2) VALUES ").arg(table, columns))
     , m_conflict(QLatin1Char(' ') + conflict)
 { }
 

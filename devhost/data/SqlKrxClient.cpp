@@ -1,6 +1,6 @@
 #include "SqlKrxClient.h"
 
-#include "Places.h"
+#include "Hierarchy.h"
 
 #include <TalvixWidgets/AppTranslationHelper.h>
 
@@ -106,24 +106,16 @@ bool isSame(const TalvixGroup &a, const TalvixGroup &b)
 
 SqlKrxClient::SqlKrxClient(SqlStore &store)
     : m_store(store)
-{
-    reload();
-}
+    , m_model(read(store.connection()))
+{ }
 
 SqlKrxClient::~SqlKrxClient() = default;
 
-bool SqlKrxClient::reload(QString *error)
+void SqlKrxClient::reload()
 {
-    try {
-        Model model = read(m_store.connection());
-        std::swap(model, m_model);
-        tellChanges(model.organisations);
-        return true;
-    } catch (const std::exception &exception) {
-        if (error)
-            *error = QString::fromUtf8(exception.what());
-        return false;
-    }
+    Model model = read(m_store.connection());
+    std::swap(model, m_model);
+    emitChanges(model.organisations);
 }
 
 SqlKrxClient::Model SqlKrxClient::read(Connection &connection)
@@ -137,8 +129,8 @@ SqlKrxClient::Model SqlKrxClient::read(Connection &connection)
 
 void SqlKrxClient::readOrganisations(Connection &connection, Model &model)
 {
-    Query rows(connection, QStringLiteral("SELECT id, parent_id, name FROM organisation ORDER BY id"));
-    rows.run();
+    Statement rows(connection, QStringLiteral("SELECT id, parent_id, name FROM organisation ORDER BY id"));
+    rows.execute();
     while (rows.next()) {
         TalvixGroup group;
         group.set_group_id(rows.integer("id"));
@@ -151,10 +143,10 @@ void SqlKrxClient::readOrganisations(Connection &connection, Model &model)
 
 void SqlKrxClient::readSources(Connection &connection, Model &model)
 {
-    Query rows(connection,
+    Statement rows(connection,
         QStringLiteral("SELECT s.kind, s.uid, s.name, s.ip, s.type_id, d.name AS device_name, "
                        "d.type_id AS device_type FROM source s LEFT JOIN source d ON d.id = s.device_id"));
-    rows.run();
+    rows.execute();
     while (rows.next()) {
         const std::string uid = rows.text("uid").toStdString();
         if (rows.integer("kind") == static_cast<int>(SourceKind::Device)) {
@@ -175,13 +167,13 @@ void SqlKrxClient::readSources(Connection &connection, Model &model)
 
 void SqlKrxClient::readAlarmTypes(Connection &connection, Model &model)
 {
-    Query rows(connection, QStringLiteral("SELECT code, name FROM alarm_type"));
-    rows.run();
+    Statement rows(connection, QStringLiteral("SELECT code, name FROM alarm_type"));
+    rows.execute();
     while (rows.next())
         model.alarmTypes[rows.integer("code")].set_alarm_type_name(rows.text("name").toStdString());
 }
 
-void SqlKrxClient::tellChanges(const std::list<TalvixGroup> &before)
+void SqlKrxClient::emitChanges(const std::list<TalvixGroup> &before)
 {
     std::map<int, TalvixGroup> gone;
     for (const TalvixGroup &group : before)

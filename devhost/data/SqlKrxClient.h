@@ -7,18 +7,20 @@
 #include <map>
 
 /// The platform's client over a store: it knows the organisations, devices, channels and alarm types that the
-/// store held when it was made or last told to `reload`.
+/// store held when it was created or last reloaded.
 class SqlKrxClient : public KrxClient
 {
     Q_OBJECT
 
 public:
+    /// Throws StoreError when the store cannot be read.
     explicit SqlKrxClient(SqlStore &store);
     ~SqlKrxClient() override;
 
-    /// Reads everything anew and tells about organisations that came, changed or went. Pointers that were
-    /// given out become invalid. Returns false, with everything as it was, when the store cannot be read.
-    bool reload(QString *error = nullptr);
+    /// Reads everything anew and emits signals for organisations that came, changed or went. Pointers that
+    /// were given out become invalid. Throws StoreError, with everything as it was, when the store cannot be
+    /// read.
+    void reload();
 
     bool getCurUserInfo(TalvixUser &user) override;
     std::list<TalvixGroup> &getOrgaList() override;
@@ -45,7 +47,7 @@ private:
     static void readOrganisations(devdata::Connection &connection, Model &model);
     static void readSources(devdata::Connection &connection, Model &model);
     static void readAlarmTypes(devdata::Connection &connection, Model &model);
-    void tellChanges(const std::list<TalvixGroup> &before);
+    void emitChanges(const std::list<TalvixGroup> &before);
 
     SqlStore &m_store;
     Model m_model;

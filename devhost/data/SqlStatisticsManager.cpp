@@ -1,9 +1,9 @@
 #include "SqlStatisticsManager.h"
 
-#include "AlarmFigures.h"
-#include "OnlineFigures.h"
-#include "SnapFigures.h"
-#include "TemperatureFigures.h"
+#include "AlarmStatistics.h"
+#include "OnlineStatistics.h"
+#include "SnapshotStatistics.h"
+#include "TemperatureStatistics.h"
 
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QThread>
@@ -17,17 +17,17 @@ namespace {
 constexpr int longestLatency = 60'000;
 
 template <typename Request>
-Span spanOf(const Request &request)
+TimeRange rangeOf(const Request &request)
 {
-    return parseSpan(request.timeType, request.startTime(), request.endTime());
+    return parseTimeRange(request.timeType, request.startTime(), request.endTime());
 }
 
-Span spanOf(const StatisticsQueryOfOrga &query)
+TimeRange rangeOf(const StatisticsQueryOfOrga &query)
 {
-    return parseSpan(query.timeType, query.startTime, query.endTime);
+    return parseTimeRange(query.timeType, query.startTime, query.endTime);
 }
 
-// The list that a query type asks for.
+// Which of two lists a query type asks for.
 enum class Distribution { First = 1, Second = 2 };
 
 Distribution distributionOf(int queryType)
@@ -80,10 +80,10 @@ bool SqlStatisticsManager::isToFail()
 
 Minute SqlStatisticsManager::now() const
 {
-    return minuteOf(m_store.presentMoment());
+    return Minute(m_store.presentMoment());
 }
 
-// Nothing may leave an operation but its result, so this is where every failure ends.
+// No operation throws: an error becomes the text of the last error.
 template <typename Answer>
 bool SqlStatisticsManager::run(const Answer &answer)
 {
@@ -108,7 +108,7 @@ bool SqlStatisticsManager::getAlarmStatisticsOfOrgas(TalvixGetAlarmStatisticsOfO
 {
     return run([&](Connection &connection) {
         response.records = alarmsOfOrganisations(connection, request.listOrg(), sumModeOf(request.orgType),
-            sortOrderOf(request.sortType), spanOf(request));
+            sortOrderOf(request.sortType), rangeOf(request));
     });
 }
 
@@ -117,7 +117,7 @@ bool SqlStatisticsManager::getAlarmStatisticsOfOrga(TalvixGetAlarmStatisticsOfOr
 {
     return run([&](Connection &connection) {
         response.records =
-            alarmsOfOrganisation(connection, request.orgaId, sumModeOf(request.orgType), spanOf(request));
+            alarmsOfOrganisation(connection, request.orgaId, sumModeOf(request.orgType), rangeOf(request));
     });
 }
 
@@ -128,7 +128,7 @@ bool SqlStatisticsManager::getAlarmStatisticsOfDevices(
     return run([&](Connection &connection) {
         takePage(response,
             alarmsOfDevices(connection, request.orgaId, sortOrderOf(request.sortType),
-                pageOf(request.pageIndex, request.pageSize), spanOf(request)));
+                pageOf(request.pageIndex, request.pageSize), rangeOf(request)));
     });
 }
 
@@ -136,7 +136,7 @@ bool SqlStatisticsManager::getAlarmStatisticsOfDevice(TalvixGetAlarmStatisticsOf
     TalvixGetAlarmStatisticsOfDeviceResponseMessage &response)
 {
     return run([&](Connection &connection) {
-        response.records = alarmsOfDevice(connection, request.uid(), spanOf(request));
+        response.records = alarmsOfDevice(connection, request.uid(), rangeOf(request));
     });
 }
 
@@ -145,7 +145,7 @@ bool SqlStatisticsManager::getOnlineStatisticsOfOrgas(TalvixGetOnlineStatisticsO
 {
     return run([&](Connection &connection) {
         response.records = onlineOfOrganisations(connection, request.listOrg(), sumModeOf(request.orgType),
-            sortOrderOf(request.sortType), spanOf(request), now());
+            sortOrderOf(request.sortType), rangeOf(request), now());
     });
 }
 
@@ -154,7 +154,7 @@ bool SqlStatisticsManager::getOnlineStatisticsOfOrga(TalvixGetOnlineStatisticsOf
 {
     return run([&](Connection &connection) {
         response.records = onlineOfOrganisation(
-            connection, request.orgaId, sumModeOf(request.orgType), spanOf(request), now());
+            connection, request.orgaId, sumModeOf(request.orgType), rangeOf(request), now());
     });
 }
 
@@ -165,7 +165,7 @@ bool SqlStatisticsManager::getOnlineStatisticsOfDevices(
     return run([&](Connection &connection) {
         takePage(response,
             onlineOfDevices(connection, request.orgaId, sortOrderOf(request.sortType),
-                pageOf(request.pageIndex, request.pageSize), spanOf(request), now()));
+                pageOf(request.pageIndex, request.pageSize), rangeOf(request), now()));
     });
 }
 
@@ -174,7 +174,7 @@ bool SqlStatisticsManager::getOnlineStatisticsOfDevice(
     TalvixGetOnlineStatisticsOfDeviceResponseMessage &response)
 {
     return run([&](Connection &connection) {
-        response.records = onlineOfDevice(connection, request.uid(), spanOf(request), now());
+        response.records = onlineOfDevice(connection, request.uid(), rangeOf(request), now());
     });
 }
 
@@ -184,7 +184,7 @@ bool SqlStatisticsManager::getTemperatureStatisticsOfGroups(
 {
     return run([&](Connection &connection) {
         response.statisticsList = readingsOfGroups(connection, request.personGorupIDList(),
-            sumModeOf(request.orgType), sortOrderOf(request.sortType), spanOf(request));
+            sumModeOf(request.orgType), sortOrderOf(request.sortType), rangeOf(request));
     });
 }
 
@@ -193,7 +193,7 @@ bool SqlStatisticsManager::getTemperatureStatisticsOfGroup(
     TalvixGetTemperatureStatisticsOfGroupResponseMessage &response)
 {
     return run([&](Connection &connection) {
-        response.statisticsList = readingsOfGroup(connection, request.groupId, spanOf(request));
+        response.statisticsList = readingsOfGroup(connection, request.groupId, rangeOf(request));
     });
 }
 
@@ -203,7 +203,7 @@ bool SqlStatisticsManager::getTemperatureStatisticsOfPersons(
 {
     return run([&](Connection &connection) {
         response = readingsOfPersons(connection, request.orgaId, sortOrderOf(request.sortType),
-            pageOf(request.pageIndex, request.pageSize), spanOf(request));
+            pageOf(request.pageIndex, request.pageSize), rangeOf(request));
     });
 }
 
@@ -212,7 +212,7 @@ bool SqlStatisticsManager::getTemperatureStatisticsOfPerson(
     TalvixGetTemperatureStatisticsOfPersonResponseMessage &response)
 {
     return run([&](Connection &connection) {
-        response.statisticsList = readingsOfPerson(connection, request.personId, spanOf(request));
+        response.statisticsList = readingsOfPerson(connection, request.personId, rangeOf(request));
     });
 }
 
@@ -224,10 +224,10 @@ bool SqlStatisticsManager::getTempStatisticsDistributionOfGroups(
         const std::vector<int> &groups = request.personGorupIDList();
         switch (distributionOf(request.queryType)) {
         case Distribution::First:
-            response.byNumberList = readingsByNumber(connection, groups, spanOf(request));
+            response.byNumberList = readingsByNumber(connection, groups, rangeOf(request));
             break;
         case Distribution::Second:
-            response.byEtiologyList = readingsByClass(connection, groups, spanOf(request));
+            response.byEtiologyList = readingsByClass(connection, groups, rangeOf(request));
             break;
         }
     });
@@ -242,11 +242,11 @@ bool SqlStatisticsManager::getTemperatureOfDevice(
         switch (distributionOf(query.queryType)) {
         case Distribution::First:
             response.byTemperatureList =
-                readingsOfOrganisations(connection, Fact::ReadingClasses, query.listOrg, spanOf(query));
+                readingsOfOrganisations(connection, Fact::ReadingClasses, query.listOrg, rangeOf(query));
             break;
         case Distribution::Second:
             response.byMaskList =
-                readingsOfOrganisations(connection, Fact::MaskClasses, query.listOrg, spanOf(query));
+                readingsOfOrganisations(connection, Fact::MaskClasses, query.listOrg, rangeOf(query));
             break;
         }
     });
@@ -258,7 +258,7 @@ bool SqlStatisticsManager::getTempAlarmHandleStatistics(
 {
     return run([&](Connection &connection) {
         const StatisticsQueryOfOrga &query = request.queryStatisticsOfOrga();
-        response.handleList = handledAlarms(connection, query.listOrg, spanOf(query));
+        response.handleList = handledAlarms(connection, query.listOrg, rangeOf(query));
     });
 }
 
@@ -266,7 +266,7 @@ bool SqlStatisticsManager::getSnapSamplesResource(
     TalvixGetSnapSamplesRequestMessage &request, TalvixGetSnapSamplesResponseMessage &response)
 {
     return run([&](Connection &connection) {
-        response.snapSampleList = snapshotsOfChannels(connection, spanOf(request));
+        response.snapSampleList = snapshotsOfChannels(connection, rangeOf(request));
     });
 }
 
@@ -274,11 +274,11 @@ bool SqlStatisticsManager::getSnapDetailSamples(
     TalvixGetSnapDetailSamplesRequestMessage &request, TalvixGetSnapDetailSamplesResponseMessage &response)
 {
     return run([&](Connection &connection) {
-        const Span span = parseSpan(request.timeType, request.beginTime(), request.endTime());
+        const TimeRange range = parseTimeRange(request.timeType, request.beginTime(), request.endTime());
         response.snapDetailList = request.channelUid().empty()
             ? snapshotDetailsOfOrganisation(
-                connection, request.orgaId, sumModeOf(request.orgType), request.majorType, span)
-            : snapshotDetailsOfChannel(connection, request.channelUid(), request.majorType, span);
+                connection, request.orgaId, sumModeOf(request.orgType), request.majorType, range)
+            : snapshotDetailsOfChannel(connection, request.channelUid(), request.majorType, range);
     });
 }
 
@@ -288,7 +288,7 @@ bool SqlStatisticsManager::getTrafficsStatisticsOfOrgas(
 {
     return run([&](Connection &connection) {
         response.snapOrgaList = snapshotsOfOrganisations(connection, request.listOrg(),
-            sumModeOf(request.orgType), sortOrderOf(request.sortType), spanOf(request));
+            sumModeOf(request.orgType), sortOrderOf(request.sortType), rangeOf(request));
     });
 }
 
@@ -298,6 +298,6 @@ bool SqlStatisticsManager::getTrafficsStatisticsOfOrga(
 {
     return run([&](Connection &connection) {
         response.snapOrgaList =
-            snapshotsOfOrganisation(connection, request.orgaId, sumModeOf(request.orgType), spanOf(request));
+            snapshotsOfOrganisation(connection, request.orgaId, sumModeOf(request.orgType), rangeOf(request));
     });
 }

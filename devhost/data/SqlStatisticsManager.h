@@ -4,18 +4,17 @@
 
 #include <TalvixWidgets/KRXClientStatisticsManager.h>
 
-/// The statistics service over a store. What it answers is told with each kind of figures: AlarmFigures.h,
-/// OnlineFigures.h, TemperatureFigures.h and SnapFigures.h. Common to all:
+/// The statistics service over a store. AlarmStatistics.h, OnlineStatistics.h, TemperatureStatistics.h and
+/// SnapshotStatistics.h describe its answers. Common to all:
 ///
-/// - A malformed request (time, time unit, sum mode) is refused with a reason. A span whose end is before its
-/// start,
-///   an organisation, device, group or person that does not exist: a successful answer without rows.
+/// - A malformed request (time, time unit, sum mode) is refused with a reason.
+/// - A time range that ends before it starts, and an unknown organisation, device, group or person, have a
+///   successful answer without rows.
 /// - When nothing at all was counted there are no rows. Otherwise lines have a row for every period of the
-/// span, and
-///   bars a row for every organisation of the level, also where the figure is 0.
-/// - Of equal figures the lower number comes first.
+///   time range, and bars a row for every organisation of the level, also where the count is 0.
+/// - Of equal counts the lower id comes first.
 ///
-/// For trying out how pages look when the service is slow or fails, both can be asked for.
+/// It can be made slow or let fail, for trying out how pages look then.
 class SqlStatisticsManager : public KRXClientStatisticsManager
 {
 public:
@@ -25,7 +24,7 @@ public:
     /// Every query takes at least this long; at most a minute.
     void setLatency(int milliseconds);
     int latency() const { return m_latency; }
-    /// So many of a hundred queries fail.
+    /// How many of a hundred queries fail.
     void setFailureRate(int percent);
     int failureRate() const { return m_failureRate; }
     /// The next \a queries queries fail, whatever the rate.

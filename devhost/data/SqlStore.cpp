@@ -15,7 +15,7 @@ constexpr int coarseDays = 180;
 
 Minute startOfDay(const QDateTime &now, int daysAgo)
 {
-    return minuteOf(QDateTime(now.date().addDays(-daysAgo), QTime(0, 0), Qt::UTC));
+    return Minute(now.date().addDays(-daysAgo), QTime(0, 0));
 }
 
 } // namespace
@@ -23,44 +23,20 @@ Minute startOfDay(const QDateTime &now, int daysAgo)
 SqlStore::SqlStore() = default;
 SqlStore::~SqlStore() = default;
 
-template <typename Work>
-bool SqlStore::attempt(QString *error, const Work &work)
-{
-    try {
-        work();
-        return true;
-    } catch (const std::exception &exception) {
-        if (error)
-            *error = QString::fromUtf8(exception.what());
-        return false;
-    }
-}
-
-bool SqlStore::open(const QString &url, QString *error)
+void SqlStore::open(const QString &url)
 {
     m_connection.reset();
-    return attempt(error, [&] {
-        auto opened = std::make_unique<Connection>(url);
-        migrate(*opened);
-        opened->tune();
-        Transaction transaction(*opened);
-        if (numberOf(*opened, Setting::WorldCreated) == 0) {
-            createWorld(*opened);
-            setNumber(*opened, Setting::WorldCreated, 1);
-        }
-        transaction.commit();
-        m_connection = std::move(opened);
-    });
+    auto opened = std::make_unique<Connection>(url);
+    migrate(*opened);
+    opened->tune();
+    createWorld(*opened);
+    m_connection = std::move(opened);
 }
 
 bool SqlStore::isEmpty()
 {
-    bool empty = true;
-    attempt(nullptr, [&] {
-        Query figures(connection(), QStringLiteral("SELECT fact FROM figure LIMIT 1"));
-        empty = !figures.run().next();
-    });
-    return empty;
+    Statement counts(connection(), QStringLiteral("SELECT fact FROM figure LIMIT 1"));
+    return !counts.execute().next();
 }
 
 void SqlStore::setPresentMoment(std::function<QDateTime()> presentMoment)
@@ -73,80 +49,87 @@ QDateTime SqlStore::presentMoment() const
     return m_presentMoment ? m_presentMoment() : QDateTime::currentDateTime();
 }
 
-bool SqlStore::fill(QString *error, const Progress &progress)
+void SqlStore::fill(const Progress &progress)
 {
     const QDateTime now = presentMoment();
     SampleOptions options;
     options.seed = sampleSeed;
     options.from = startOfDay(now, fineDays + coarseDays);
     options.fineFrom = startOfDay(now, fineDays);
-    options.to = minuteOf(now);
-    return generate(options, error, progress);
-}
-
-bool SqlStore::generate(const SampleOptions &options, QString *error, const Progress &progress)
-{
-    return attempt(error, [&] {
-        connection().relaxForBulkWork();
-        Transaction transaction(connection());
-        makeEvents(options, progress);
-        setNumber(connection(), Setting::SampleSeed, static_cast<qint64>(options.seed));
-        setNumber(connection(), Setting::SamplesUntil, options.to);
-        transaction.commit();
+    options.to = Minute(now);
+    changeSamples([&] {
+        if (!hasSamples())
+            makeSamples(options, progress);
     });
 }
 
-bool SqlStore::topUp(QString *error, const Progress &progress)
+void SqlStore::generate(const SampleOptions &options, const Progress &progress)
+{
+    changeSamples([&] { makeSamples(options, progress); });
+}
+
+void SqlStore::topUp(const Progress &progress)
 {
     SampleOptions options;
-    const bool known = attempt(error, [&] {
+    options.to = Minute(presentMoment());
+    const auto isDue = [&] {
         options.seed = static_cast<quint64>(numberOf(connection(), Setting::SampleSeed));
-        options.from = numberOf(connection(), Setting::SamplesUntil);
+        options.from = Minute::fromStored(numberOf(connection(), Setting::SamplesUntil));
+        return !options.from.isNull() && options.from < options.to;
+    };
+    if (!isDue())
+        return;
+    changeSamples([&] {
+        if (isDue())
+            makeSamples(options, progress);
     });
-    options.to = minuteOf(presentMoment());
-    if (!known || options.from == 0 || options.from >= options.to)
-        return known;
-    return generate(options, error, progress);
 }
 
-bool SqlStore::fillForMeasuring(qint64 events, int days, QString *error, const Progress &progress)
+void SqlStore::fillForMeasuring(qint64 events, int days, const Progress &progress)
 {
     SampleOptions options;
     options.seed = sampleSeed;
     options.from = startOfDay(presentMoment(), days);
-    options.to = minuteOf(presentMoment());
+    options.to = Minute(presentMoment());
     options.singly = true;
-    return attempt(error, [&] {
-        options.density = densityForEvents(readSampleWorld(connection()), options, events);
-    }) && generate(options, error, progress);
+    options.density = densityForEvents(readSampleWorld(connection()), options, events);
+    generate(options, progress);
 }
 
 bool SqlStore::hasSamples()
 {
-    bool present = false;
-    attempt(nullptr, [&] { present = numberOf(connection(), Setting::SamplesUntil) > 0; });
-    return present;
+    return numberOf(connection(), Setting::SamplesUntil) > 0;
 }
 
-bool SqlStore::importFile(const QString &fileName, const ImportOptions &options, ImportReport *report,
-    QString *error, const Progress &progress)
+ImportReport SqlStore::importFile(
+    const QString &fileName, const ImportOptions &options, const Progress &progress)
 {
-    return attempt(error, [&] {
-        Transaction transaction(connection());
-        const ImportReport result =
-            importCsv(connection(), fileName, options, minuteOf(presentMoment()), progress);
-        transaction.commit();
-        if (report)
-            *report = result;
-    });
+    Transaction transaction(connection());
+    const ImportReport report = importCsv(connection(), fileName, options, Minute(presentMoment()), progress);
+    transaction.commit();
+    return report;
 }
 
-void SqlStore::makeEvents(const SampleOptions &options, const Progress &progress)
+// What is there decides what is made, so work looks at it only when no other program can change it any
+// more: made by two, every sample event would count twice.
+template <typename Work>
+void SqlStore::changeSamples(const Work &work)
 {
-    const Places places(connection());
-    EventWriter writer(connection(), places);
+    connection().relaxForBulkWork();
+    Transaction transaction(connection());
+    connection().lockTable(QStringLiteral("setting"));
+    work();
+    transaction.commit();
+}
+
+void SqlStore::makeSamples(const SampleOptions &options, const Progress &progress)
+{
+    const Hierarchy hierarchy(connection());
+    EventWriter writer(connection(), hierarchy);
     generateSampleEvents(readSampleWorld(connection()), options, writer, progress);
     writer.flush();
+    setNumber(connection(), Setting::SampleSeed, static_cast<qint64>(options.seed));
+    setNumber(connection(), Setting::SamplesUntil, options.to.stored());
 }
 
 Connection &SqlStore::connection()

@@ -1,5 +1,7 @@
 #include "World.h"
 
+#include "Settings.h"
+
 #include <iterator>
 
 namespace devdata {
@@ -195,66 +197,73 @@ void addPersons(Connection &connection)
 
 } // namespace
 
-QString deadDeviceUid()
+QString neverOnlineUid()
 {
     return QStringLiteral("ipc-602");
 }
 
 void addOrganisation(Connection &connection, int id, int parent, const QString &name)
 {
-    Query(connection, QStringLiteral("INSERT INTO organisation (id, parent_id, name) VALUES (?, ?, ?)"))
-        .run(id, parent, name);
-    Query(connection,
+    Statement(connection, QStringLiteral("INSERT INTO organisation (id, parent_id, name) VALUES (?, ?, ?)"))
+        .execute(id, parent, name);
+    Statement(connection,
         QStringLiteral("INSERT INTO organisation_path (ancestor, descendant, distance) "
                        "SELECT p.ancestor, o.id, p.distance + 1 FROM organisation_path p "
                        "JOIN organisation o ON o.parent_id = p.descendant WHERE o.id = ?"))
-        .run(id);
-    Query(connection,
+        .execute(id);
+    Statement(connection,
         QStringLiteral("INSERT INTO organisation_path (ancestor, descendant, distance) VALUES (?, ?, 0)"))
-        .run(id, id);
+        .execute(id, id);
 }
 
 void addPersonGroup(Connection &connection, int id, int organisation, const QString &name)
 {
-    Query(connection, QStringLiteral("INSERT INTO person_group (id, orga_id, name) VALUES (?, ?, ?)"))
-        .run(id, organisation, name);
+    Statement(connection, QStringLiteral("INSERT INTO person_group (id, orga_id, name) VALUES (?, ?, ?)"))
+        .execute(id, organisation, name);
 }
 
 void addPerson(Connection &connection, int id, int group, const QString &name)
 {
-    Query(connection, QStringLiteral("INSERT INTO person (id, group_id, name) VALUES (?, ?, ?)"))
-        .run(id, group, name);
+    Statement(connection, QStringLiteral("INSERT INTO person (id, group_id, name) VALUES (?, ?, ?)"))
+        .execute(id, group, name);
 }
 
 int addSource(Connection &connection, const NewSource &source)
 {
     const int id = nextId(connection, QStringLiteral("source"));
-    Query(connection,
+    Statement(connection,
         QStringLiteral("INSERT INTO source (id, kind, uid, device_id, orga_id, name, ip, type_id) "
                        "VALUES (?, ?, ?, ?, ?, ?, ?, ?)"))
-        .run(id, static_cast<int>(source.kind), source.uid,
-            source.kind == SourceKind::Device ? id : source.device, source.organisation, source.name,
-            source.ip.isNull() ? QStringLiteral("") : source.ip, source.type);
+        .execute(id, source.kind, source.uid, source.kind == SourceKind::Device ? id : source.device,
+            source.organisation, source.name, source.ip.isNull() ? QStringLiteral("") : source.ip,
+            source.type);
     return id;
 }
 
 int nextId(Connection &connection, const QString &table)
 {
-    Query rows(connection, QStringLiteral("SELECT COALESCE(MAX(id), 0) + 1 AS id FROM %1").arg(table));
-    rows.run();
-    rows.next();
-    return rows.integer("id");
+    Statement next(connection, QStringLiteral("SELECT COALESCE(MAX(id), 0) + 1 FROM %1").arg(table));
+    return static_cast<int>(next.execute().single());
 }
 
 void createWorld(Connection &connection)
 {
+    const auto isCreated = [&] { return numberOf(connection, Setting::WorldCreated) > 0; };
+    if (isCreated())
+        return;
+    Transaction transaction(connection);
+    // Another program may have been quicker.
+    if (isCreated())
+        return;
     for (const OrganisationRow &row : organisations)
         addOrganisation(connection, row.id, row.parent, QString::fromUtf8(row.name));
     for (const AlarmTypeRow &row : alarmTypes)
-        Query(connection, QStringLiteral("INSERT INTO alarm_type (code, name) VALUES (?, ?)"))
-            .run(row.code, QString::fromUtf8(row.name));
+        Statement(connection, QStringLiteral("INSERT INTO alarm_type (code, name) VALUES (?, ?)"))
+            .execute(row.code, QString::fromUtf8(row.name));
     addDevices(connection);
     addPersons(connection);
+    setNumber(connection, Setting::WorldCreated, 1);
+    transaction.commit();
 }
 
 } // namespace devdata

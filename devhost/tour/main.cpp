@@ -169,9 +169,7 @@ int main(int argc, char **argv)
     qApp->setProperty("presentMoment", options.now);
     try {
         Figures figures(options);
-        QString error;
-        if (!figures.open(&error))
-            throw std::runtime_error(qPrintable(error));
+        figures.open();
         HostSettings::setLanguage(QStringLiteral("en"));
         HostSettings::applyTheme();
         const QTemporaryDir home;

@@ -63,7 +63,7 @@ void importFile(EventStore &store, const QString &file, bool skipBadLines)
     devdata::Transaction transaction(store.store.connection());
     try {
         const devdata::ImportReport report =
-            devdata::importCsv(store.store.connection(), file, options, devdata::minuteOf(testMoment()));
+            devdata::importCsv(store.store.connection(), file, options, devdata::Minute(testMoment()));
         Fuzz::report(report.kept > 0 && (skipBadLines || report.leftOut == 0)
                 ? QString()
                 : QStringLiteral("a file was taken that holds no events"));

@@ -4,7 +4,7 @@
 
 #include "support/ChartProbe.h"
 
-#include <devhost/data/Spans.h>
+#include <devhost/data/Periods.h>
 #include <devhost/data/Sql.h>
 #include <devhost/widgets/HostSettings.h>
 #include <page/TimeFormats.h>
@@ -36,12 +36,12 @@ void readSpan(FuzzedDataProvider &data)
     const std::string start = Fuzz::timeText(data).toStdString();
     const std::string end = data.ConsumeBool() ? start : Fuzz::timeText(data).toStdString();
     try {
-        const devdata::Span span = devdata::parseSpan(unit, start, end);
-        const std::vector<devdata::Bucket> buckets = devdata::bucketsOf(span);
+        const devdata::TimeRange range = devdata::parseTimeRange(unit, start, end);
+        const std::vector<devdata::Period> periods = range.periods();
         Fuzz::report(
-            buckets.empty() == span.isEmpty() ? QString() : QStringLiteral("a span lost its periods"));
-        if (!buckets.empty() && buckets.back() != span.last)
-            Fuzz::report(QStringLiteral("a span has other periods than its end says"));
+            periods.empty() == range.isEmpty() ? QString() : QStringLiteral("a time range lost its periods"));
+        if (!periods.empty() && periods.back() != range.last)
+            Fuzz::report(QStringLiteral("a time range has other periods than its end says"));
     } catch (const devdata::StoreError &) { }
 }
 

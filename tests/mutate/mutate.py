@@ -37,7 +37,7 @@ ROOMS = ("plugin", "page", "statistics", "charts", "export")
 # Programs that test the development host, and headers of messages that are the host's: no place of ours in them.
 FOREIGN = {
     "tst_controls", "tst_csv_import", "tst_devhost", "tst_import_failures", "tst_messages", "tst_postgres",
-    "tst_sample_events", "tst_spans", "tst_store", "tst_store_totals", "tst_temperature_messages",
+    "tst_periods", "tst_sample_events", "tst_store", "tst_store_locks", "tst_store_totals", "tst_temperature_messages",
 }
 SLOW_SECONDS = 1.5
 SLACK_SECONDS = 15

@@ -60,6 +60,13 @@ private:
             QSKIP(qPrintable(missingDatabase));                                                              \
     } while (false)
 
+/// The minute that is written as "2024-05-03 17:20".
+inline devdata::Minute minute(const char *text)
+{
+    return devdata::Minute(
+        QDateTime::fromString(QString::fromLatin1(text), QStringLiteral("yyyy-MM-dd HH:mm")));
+}
+
 /// A store with the sample world and only those events that a test puts into it. Its present moment is that
 /// of the tests.
 class EventStore
@@ -70,9 +77,7 @@ public:
         , service(store)
     {
         store.setPresentMoment([] { return testMoment(); });
-        QString error;
-        if (!store.open(database.url(), &error))
-            qFatal("%s", qUtf8Printable(error));
+        store.open(database.url());
     }
 
     /// Number of the channel, or else of the device, with this uid.
@@ -82,7 +87,7 @@ public:
     void add(std::initializer_list<Event> events)
     {
         devdata::Transaction transaction(store.connection());
-        const devdata::Places places(store.connection());
+        const devdata::Hierarchy places(store.connection());
         devdata::EventWriter writer(store.connection(), places);
         for (const Event &event : events)
             writer.add(event);
@@ -90,29 +95,74 @@ public:
         transaction.commit();
     }
 
-    void addAlarms(const char *uid, devdata::Minute at, int count, int type = 1)
+    void addAlarms(const char *uid, const char *at, int count, int type = 1)
     {
-        add({devdata::AlarmEvent{at, source(uid), type, count}});
+        add({devdata::AlarmEvent{minute(at), source(uid), type, count}});
     }
-    void addOnline(const char *uid, devdata::Minute start, int minutes)
+    void addOnline(const char *uid, const char *start, int minutes)
     {
-        add({devdata::OnlineInterval{start, source(uid), minutes}});
+        add({devdata::OnlineInterval{minute(start), source(uid), minutes}});
     }
     void addReadings(
-        int person, devdata::Minute at, int temperatureClass, int maskClass, int handling, int count = 1)
+        int person, const char *at, int temperatureClass, int maskClass, int handling, int count = 1)
     {
-        add({devdata::TemperatureReading{at, 0, person, temperatureClass, maskClass, handling, count}});
+        add({devdata::TemperatureReading{
+            minute(at), 0, person, temperatureClass, maskClass, handling, count}});
     }
-    void addSnapshots(const char *uid, devdata::Minute at, int snapClass,
+    void addSnapshots(const char *uid, const char *at, int snapClass,
         const std::array<int, devdata::mostMajorTypes> &minors, int count)
     {
-        add({devdata::Snapshot{at, source(uid), snapClass, minors, count}});
+        add({devdata::SnapshotEvent{minute(at), source(uid), snapClass, minors, count}});
     }
 
     TestDatabase database;
     SqlStore store;
     SqlStatisticsManager service;
 };
+
+/// How many rows each table has.
+inline QStringList rowCounts(SqlStore &store)
+{
+    QStringList tables = store.connection().tableNames();
+    tables.sort();
+    QStringList counts;
+    for (const QString &table : std::as_const(tables)) {
+        devdata::Statement rows(store.connection(), QStringLiteral("SELECT COUNT(*) FROM %1").arg(table));
+        counts += QStringLiteral("%1 %2").arg(table).arg(rows.execute().single());
+    }
+    return counts;
+}
+
+/// Every aggregated count that a store holds.
+inline QStringList countsIn(SqlStore &store)
+{
+    devdata::Statement rows(store.connection(),
+        QStringLiteral("SELECT fact, scope, subject, bucket, class, count FROM figure "
+                       "ORDER BY fact, scope, subject, bucket, class"));
+    rows.execute();
+    QStringList counts;
+    while (rows.next())
+        counts += QStringLiteral("%1 %2 %3 %4 %5 %6")
+                      .arg(rows.number("fact"))
+                      .arg(rows.number("scope"))
+                      .arg(rows.number("subject"))
+                      .arg(rows.number("bucket"))
+                      .arg(rows.number("class"))
+                      .arg(rows.number("count"));
+    return counts;
+}
+
+/// The sentence with which \a work fails; empty when it succeeds.
+template <typename Work>
+QString failureOf(const Work &work)
+{
+    try {
+        work();
+    } catch (const devdata::StoreError &error) {
+        return error.text();
+    }
+    return {};
+}
 
 /// Sets unit and span of a request.
 template <typename Request>

@@ -1,4 +1,4 @@
-#include "Places.h"
+#include "Hierarchy.h"
 
 namespace devdata {
 
@@ -6,8 +6,8 @@ namespace {
 
 QHash<int, int> pairs(Connection &connection, const char *sql)
 {
-    Query rows(connection, QString::fromLatin1(sql));
-    rows.run();
+    Statement rows(connection, QString::fromLatin1(sql));
+    rows.execute();
     QHash<int, int> result;
     while (rows.next())
         result.insert(rows.integer("id"), rows.integer("owner"));
@@ -16,20 +16,20 @@ QHash<int, int> pairs(Connection &connection, const char *sql)
 
 } // namespace
 
-Places::Places(Connection &connection)
+Hierarchy::Hierarchy(Connection &connection)
     : m_organisationOfSource(pairs(connection, "SELECT id, orga_id AS owner FROM source"))
     , m_groupOfPerson(pairs(connection, "SELECT id, group_id AS owner FROM person"))
     , m_organisationOfGroup(pairs(connection, "SELECT id, orga_id AS owner FROM person_group"))
 {
-    Query rows(connection,
+    Statement rows(connection,
         QStringLiteral(
             "SELECT ancestor, descendant FROM organisation_path WHERE distance > 0 ORDER BY distance"));
-    rows.run();
+    rows.execute();
     while (rows.next())
         m_above[rows.integer("descendant")].push_back(rows.integer("ancestor"));
 }
 
-void Places::addOrganisation(int organisation, int parent)
+void Hierarchy::addOrganisation(int organisation, int parent)
 {
     std::vector<int> ancestors = {parent};
     const std::vector<int> &further = above(parent);
@@ -37,7 +37,7 @@ void Places::addOrganisation(int organisation, int parent)
     m_above.insert(organisation, ancestors);
 }
 
-const std::vector<int> &Places::above(int organisation) const
+const std::vector<int> &Hierarchy::above(int organisation) const
 {
     const auto found = m_above.constFind(organisation);
     return found == m_above.constEnd() ? m_nothingAbove : *found;

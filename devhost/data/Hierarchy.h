@@ -14,11 +14,12 @@ enum class SourceKind : int { Channel = 1, Device = 2 };
 /// Type codes of devices and channels.
 enum DeviceType : int { ipcDevice = 1, nvrDevice = 2, dvrDevice = 3, unknownDevice = 9 };
 
-/// Where sources and persons belong: what an event must know to be counted for everybody whom it concerns.
-class Places
+/// Which organisation each source and person belongs to, and which organisations lie above it: an event
+/// counts for all of them.
+class Hierarchy
 {
 public:
-    explicit Places(Connection &connection);
+    explicit Hierarchy(Connection &connection);
 
     /// Organisation of a source; 0 when there is no such source.
     int organisationOfSource(int source) const { return m_organisationOfSource.value(source); }
