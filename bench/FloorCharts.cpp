@@ -1,7 +1,8 @@
 #include "FloorCharts.h"
 
-#include <charts/AxisBound.h>
+#include <charts/ReadableLabels.h>
 #include <charts/UserData.h>
+#include <page/AxisBound.h>
 
 #include <TalvixWidgets/QssFormatHelper.h>
 
@@ -10,25 +11,22 @@
 #include <QtCharts/QBarSet>
 #include <QtCharts/QChart>
 #include <QtCharts/QLegend>
-#include <QtCharts/QLegendMarker>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QPieSeries>
 #include <QtCharts/QPieSlice>
 #include <QtCharts/QStackedBarSeries>
 #include <QtCharts/QValueAxis>
 #include <QtCore/QVariant>
-#include <QtGui/QFontInfo>
-#include <QtGui/QFontMetricsF>
 #include <QtWidgets/QGraphicsLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 const QColor secondColour(QStringLiteral("#2CACCE"));
 const QColor axisColour(63, 65, 71, 255);
 constexpr int hourPosition = 11;
-constexpr int smallestLabelPixels = 9;
 
 QColor theme(const char *key)
 {
@@ -86,63 +84,6 @@ void attachY(QChart *chart, QAbstractAxis *axis, QAbstractSeries *series)
 }
 QT_WARNING_POP
 
-double widestText(const QStringList &texts, const QFont &font)
-{
-    const QFontMetricsF metrics(font);
-    double widest = 0;
-    for (const QString &text : texts)
-        widest = std::max(widest, metrics.horizontalAdvance(text));
-    return widest;
-}
-
-// Labels that have no room lessen their font or stand upright, as soon as the chart knows its plot.
-void keepLabelsReadable(QChart *chart, QBarCategoryAxis *axis)
-{
-    const QFont usual = axis->labelsFont();
-    const double widest = widestText(axis->categories(), usual);
-    const int count = axis->count();
-    if (widest <= 0)
-        return;
-    QObject::connect(chart, &QChart::plotAreaChanged, axis, [=](const QRectF &plot) {
-        const int pixels = QFontInfo(usual).pixelSize();
-        const double room = plot.width() / count;
-        const double height = chart->size().height() * 0.37;
-        int angle = 0;
-        int size = static_cast<int>(pixels * std::min(1.0, (room - 20) / widest));
-        if (size < smallestLabelPixels) {
-            size = static_cast<int>(
-                pixels * std::min({1.0, height / widest, room / QFontMetricsF(usual).height()}));
-            angle = size < smallestLabelPixels && room > height ? 0 : -90;
-            size = std::max(smallestLabelPixels, size);
-        }
-        if (angle == axis->labelsAngle() && size == QFontInfo(axis->labelsFont()).pixelSize())
-            return;
-        QFont font = usual;
-        font.setPixelSize(size);
-        axis->setLabelsFont(font);
-        axis->setLabelsAngle(angle);
-    });
-}
-
-void keepLegendReadable(QChart *chart)
-{
-    QLegend *legend = chart->legend();
-    QStringList texts;
-    const auto markers = legend->markers();
-    for (const QLegendMarker *marker : markers)
-        texts.append(marker->label());
-    const QFont usual = legend->font();
-    const int usualPixels = QFontInfo(usual).pixelSize();
-    const double widest = widestText(texts, usual) + 2.2 * QFontMetricsF(usual).height();
-    QObject::connect(chart, &QGraphicsWidget::geometryChanged, legend, [=] {
-        const double share = std::min(1.0, chart->size().width() * 0.4 / widest);
-        QFont font = usual;
-        font.setPixelSize(std::max(smallestLabelPixels, static_cast<int>(usualPixels * share)));
-        if (font.pixelSize() != QFontInfo(legend->font()).pixelSize())
-            legend->setFont(font);
-    });
-}
-
 void showLegend(QChart *chart, Qt::Alignment alignment)
 {
     chart->legend()->setAlignment(alignment);
@@ -177,7 +118,8 @@ void nameBars(QBarSet *set, const LabelledValues &bars, qsizetype count, BarItem
     }
 }
 
-QChart *barChart(const ChartFigures &figures, BarItems &items)
+QChart *barChart(const ChartFigures &figures, const QSizeF &size, BarItems &items,
+    std::shared_ptr<ReadableLabels::Stance> &stance)
 {
     auto *chart = new QChart;
     QAbstractBarSeries *series = nullptr;
@@ -214,10 +156,11 @@ QChart *barChart(const ChartFigures &figures, BarItems &items)
         series->setBarWidth(figures.bars.size() > 1 ? 0.15 : 0.075);
     }
     chart->addSeries(series);
-    QBarCategoryAxis *axisX = categoryAxis(listKeys(figures.bars));
+    const QStringList names = listKeys(figures.bars);
+    QBarCategoryAxis *axisX = categoryAxis(names);
     chart->createDefaultAxes();
     attachX(chart, axisX, series);
-    keepLabelsReadable(chart, axisX);
+    ReadableLabels::keepReadable(*chart, axisX, names, ReadableLabels::Kind::Names, size, stance);
     attachY(chart, valueAxis(figures.dual, largest(figures.bars, figures.bars2)), series);
     removeMargins(chart);
     return chart;
@@ -239,7 +182,8 @@ QLineSeries *lineSeries(
     return line;
 }
 
-QChart *lineChart(const ChartFigures &figures)
+QChart *lineChart(
+    const ChartFigures &figures, const QSizeF &size, std::shared_ptr<ReadableLabels::Stance> &stance)
 {
     auto *chart = new QChart;
     const QColor firstLabel(157, 172, 253);
@@ -261,7 +205,7 @@ QChart *lineChart(const ChartFigures &figures)
     chart->createDefaultAxes();
     for (QLineSeries *line : std::as_const(lines))
         attachX(chart, axisX, line);
-    keepLabelsReadable(chart, axisX);
+    ReadableLabels::keepReadable(*chart, axisX, hours, ReadableLabels::Kind::Periods, size, stance);
     QValueAxis *axisY = valueAxis(figures.dual, largest(figures.line, figures.line2));
     for (QLineSeries *line : std::as_const(lines))
         attachY(chart, axisY, line);
@@ -271,7 +215,7 @@ QChart *lineChart(const ChartFigures &figures)
     return chart;
 }
 
-QChart *pieChart(const ChartFigures &figures)
+QChart *pieChart(const ChartFigures &figures, const QSizeF &size)
 {
     const QList<QColor> colours = {theme("$background_chart_color_1"), QColor(225, 79, 113),
         QColor(67, 178, 249), QColor(249, 206, 79), QColor(159, 80, 255), QColor(182, 182, 182)};
@@ -283,11 +227,11 @@ QChart *pieChart(const ChartFigures &figures)
     LabelledValues slices = figures.pie;
     std::stable_sort(
         slices.begin(), slices.end(), [](const auto &a, const auto &b) { return a.second > b.second; });
+    QList<std::pair<QString, QString>> texts;
     for (int i = 0; i < slices.size(); ++i) {
         const auto &[name, value] = slices.at(i);
-        const QString text =
-            name + QStringLiteral(" | %1% %2").arg(value * 100.0 / total, 5, 'f', 1).arg(value);
-        QPieSlice *slice = series->append(text, value);
+        texts.append({name, QStringLiteral(" | %1% %2").arg(value * 100.0 / total, 5, 'f', 1).arg(value)});
+        QPieSlice *slice = series->append(name + texts.constLast().second, value);
         slice->setBorderColor(Qt::transparent);
         if (i < colours.size())
             slice->setColor(colours.at(i));
@@ -296,7 +240,8 @@ QChart *pieChart(const ChartFigures &figures)
     chart->legend()->setMarkerShape(QLegend::MarkerShapeCircle);
     showLegend(chart, Qt::AlignRight);
     chart->legend()->setBackgroundVisible(false);
-    keepLegendReadable(chart);
+    // Fitted any later, the legend would change the plot once animations are on, and the slices would grow.
+    ReadableLabels::keepLegendReadable(*chart, texts, size);
     removeMargins(chart);
     return chart;
 }
@@ -306,35 +251,39 @@ QChart *pieChart(const ChartFigures &figures)
 FloorCharts::~FloorCharts() = default;
 
 FloorCharts::FloorCharts(QSize windowSize, const std::array<QRect, 3> &places)
+    : m_places(places)
 {
     resize(windowSize);
     QPalette colours = palette();
     colours.setBrush(QPalette::All, QPalette::Window, QBrush(QColor(0x191A1E)));
     colours.setBrush(QPalette::All, QPalette::WindowText, QBrush(QColor(0xD6D6D6)));
     setPalette(colours);
-    for (std::size_t i = 0; i < m_views.size(); ++i) {
-        m_views[i] = new QChartView(new QChart, this);
-        m_views[i]->setGeometry(places[i]);
+}
+
+void FloorCharts::show(std::size_t place, QChart *chart)
+{
+    QChartView *&view = m_views.at(place);
+    if (view) {
+        view->chart()->deleteLater();
+        view->setChart(chart);
+    } else {
+        view = new QChartView(chart, this);
+        view->setGeometry(m_places.at(place));
+        view->show();
     }
 }
 
-std::array<QRect, 3> FloorCharts::places() const
+// As soon as the chart knows its size, which is too late for laying it out once.
+QSizeF FloorCharts::labelSize(std::size_t place) const
 {
-    return {m_views[0]->geometry(), m_views[1]->geometry(), m_views[2]->geometry()};
-}
-
-void FloorCharts::show(QChartView *view, QChart *chart)
-{
-    view->chart()->deleteLater();
-    // Switched on any later, some charts would grow into their place and some would not.
-    chart->setAnimationOptions(QChart::SeriesAnimations);
-    view->setChart(chart);
+    return m_fitFirst ? QSizeF(m_places.at(place).size()) : QSizeF();
 }
 
 void FloorCharts::finish()
 {
     for (QChartView *view : m_views) {
         view->setRenderHint(QPainter::Antialiasing, true);
+        view->chart()->setAnimationOptions(QChart::SeriesAnimations);
         view->chart()->setBackgroundBrush(QBrush(Qt::transparent));
     }
 }
@@ -342,13 +291,13 @@ void FloorCharts::finish()
 void FloorCharts::reload(const ChartFigures &figures)
 {
     m_barItems.clear();
-    show(m_views[0], barChart(figures, m_barItems));
+    show(0, barChart(figures, labelSize(0), m_barItems, m_barStance));
     reloadLineAndPie(figures);
 }
 
 void FloorCharts::reloadLineAndPie(const ChartFigures &figures)
 {
-    show(m_views[1], lineChart(figures));
-    show(m_views[2], pieChart(figures));
+    show(1, lineChart(figures, labelSize(1), m_lineStance));
+    show(2, pieChart(figures, m_places[2].size()));
     finish();
 }

@@ -11,6 +11,9 @@
 #include <vector>
 
 struct UserData;
+namespace ReadableLabels {
+struct Stance;
+}
 
 /// What three charts show, ready to be drawn.
 struct ChartFigures
@@ -33,22 +36,30 @@ class FloorCharts : public QWidget
 public:
     using Views = std::array<QChartView *, 3>;
 
-    /// Views with the geometries that the page's views have in their window of \a windowSize.
+    /// Views get the geometries that the page's views have in their window of \a windowSize.
     FloorCharts(QSize windowSize, const std::array<QRect, 3> &places);
     ~FloorCharts() override;
 
-    /// Replaces all three charts.
+    /// Chooses the fonts of labels before charts are laid out, as the page does. Written down plainly, the
+    /// floor does so when they have their size.
+    void setFitFirst(bool first) { m_fitFirst = first; }
+    /// Makes the views with their charts, or replaces all three charts.
     void reload(const ChartFigures &figures);
     /// Replaces line and pie alone, as a drill-down does.
     void reloadLineAndPie(const ChartFigures &figures);
 
     const Views &views() const { return m_views; }
-    std::array<QRect, 3> places() const;
+    const std::array<QRect, 3> &places() const { return m_places; }
 
 private:
-    void show(QChartView *view, QChart *chart);
+    void show(std::size_t place, QChart *chart);
     void finish();
+    QSizeF labelSize(std::size_t place) const;
 
-    Views m_views;
+    std::array<QRect, 3> m_places;
+    Views m_views{};
+    bool m_fitFirst = false;
     std::vector<std::unique_ptr<UserData>> m_barItems;
+    std::shared_ptr<ReadableLabels::Stance> m_barStance;
+    std::shared_ptr<ReadableLabels::Stance> m_lineStance;
 };

@@ -3,6 +3,8 @@
 #include "OpeningStage.h"
 #include "Settle.h"
 
+#include <charts/ChartLayout.h>
+
 #include <TalvixWidgets/ZrChartView.h>
 
 #include <QtCharts/QChart>
@@ -14,6 +16,16 @@
 namespace {
 
 constexpr QSize pageSize(1136, 648);
+const bool fitFirst = qEnvironmentVariableIsSet("TALVIX_BENCH_FIT_FIRST");
+
+// Nothing is done for speed while it lives.
+class PlainCharts
+{
+public:
+    PlainCharts() { ChartLayouting::setPlain(true); }
+    ~PlainCharts() { ChartLayouting::setPlain(false); }
+    Q_DISABLE_COPY(PlainCharts)
+};
 
 QImage picture(QGraphicsView *view)
 {
@@ -44,6 +56,7 @@ ReloadStage::ReloadStage(Kind kind, int bars)
         places[i] = QRect(view->mapTo(&m_page, QPoint()), view->size());
     }
     m_floor = std::make_unique<FloorCharts>(m_page.size(), places);
+    m_floor->setFitFirst(fitFirst);
     m_figures = figures();
     m_floor->QWidget::show();
     reloadFloor();
@@ -75,6 +88,7 @@ void ReloadStage::reloadPage()
 
 void ReloadStage::reloadFloor()
 {
+    const PlainCharts plain;
     m_floor->reload(m_figures);
     settle();
 }
@@ -88,6 +102,7 @@ void ReloadStage::drillDownPage()
 
 void ReloadStage::drillDownFloor()
 {
+    const PlainCharts plain;
     m_floor->reloadLineAndPie(m_figures);
     settle();
 }
@@ -109,9 +124,11 @@ std::unique_ptr<QWidget> ReloadStage::openedPage(Kind kind) const
 
 std::unique_ptr<QWidget> ReloadStage::openedFloor() const
 {
+    const PlainCharts plain;
     std::unique_ptr<QWidget> form = bareForm();
     form->resize(m_page.size());
     auto *floor = new FloorCharts(m_floor->size(), m_floor->places());
+    floor->setFitFirst(fitFirst);
     floor->setParent(form.get());
     form->show();
     floor->reload(m_figures);

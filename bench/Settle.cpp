@@ -24,6 +24,5 @@ void FinishedAnimations::advance()
 void FinishedAnimations::start()
 {
     QAnimationDriver::start();
-    if (!m_frozen)
-        QMetaObject::invokeMethod(this, &FinishedAnimations::advance, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &FinishedAnimations::advance, Qt::QueuedConnection);
 }

@@ -13,9 +13,6 @@ public:
     FinishedAnimations() { install(); }
     ~FinishedAnimations() override { uninstall(); }
 
-    /// While frozen, none moves at all: what is painted then is painted for the change alone.
-    void freeze(bool on) { m_frozen = on; }
-
     void advance() override;
     qint64 elapsed() const override { return m_elapsed; }
 
@@ -24,5 +21,4 @@ protected:
 
 private:
     qint64 m_elapsed = 0;
-    bool m_frozen = false;
 };

@@ -28,9 +28,9 @@ void foldRows(benchmark::State &state)
     const QStringList labels = labelsOf(static_cast<int>(state.range(1)));
     for (auto _ : state) {
         LabelledValues list;
-        LabelIndex index;
+        ListIndex<int> index;
         for (qint64 row = 0; row < rows; ++row)
-            fold(list, index, labels.at(row % labels.size()), 1);
+            index.fold(list, labels.at(row % labels.size()), 1);
         benchmark::DoNotOptimize(list.constData());
     }
     state.SetItemsProcessed(state.iterations() * rows);

@@ -6,12 +6,16 @@
 
 #include <TalvixWidgets/ZrChartView.h>
 
+#include <QtCore/QThread>
+
 #include <algorithm>
 #include <chrono>
 #include <ctime>
 #include <functional>
 #include <memory>
 #include <vector>
+
+#include <malloc.h>
 
 namespace {
 
@@ -140,15 +144,22 @@ int paintsOf(const Views &views, const std::function<void()> &action)
     return most;
 }
 
-// How often a view paints for one reload, before its series begin to grow.
+// How often a view paints for one reload, while the clock of animations runs.
 void paints(benchmark::State &state)
 {
     const auto stage = stageOf(state);
-    stage->animations().freeze(true);
+    stage->animations().uninstall();
+    const auto watched = [](const std::function<void()> &reload) {
+        reload();
+        QTest::qWait(200);
+    };
     for (auto _ : state) {
-        state.counters["page"] = paintsOf(stage->page().m_chartViewList, [&] { stage->reloadPage(); });
-        state.counters["floor"] = paintsOf(stage->floor().views(), [&] { stage->reloadFloor(); });
+        state.counters["page"] =
+            paintsOf(stage->page().m_chartViewList, [&] { watched([&] { stage->reloadPage(); }); });
+        state.counters["floor"] =
+            paintsOf(stage->floor().views(), [&] { watched([&] { stage->reloadFloor(); }); });
     }
+    stage->animations().install();
 }
 
 // What a page at rest costs: nothing is painted and no event comes, with the pointer on a bar or not.
@@ -172,21 +183,53 @@ void idlePage(benchmark::State &state)
     state.SetLabel("processor time of 200 ms");
 }
 
-// What growing into place costs: the second of animations after a reload, in real time, and its frames.
-void growingPage(benchmark::State &state)
+// Processor time of a reload until nothing happens any more, while the clock of animations runs, as a share
+// of the same with animations that end at once.
+void quietAgain(benchmark::State &state)
 {
     const auto stage = stageOf(state);
-    stage->animations().uninstall();
-    const PaintCount paints(stage->page().barChartView);
-    for (auto _ : state) {
-        stage->page().slotSearch();
+    const auto processorTime = [&stage] {
         const std::clock_t start = std::clock();
-        QTest::qWait(1500);
-        state.SetIterationTime(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+        stage->page().slotSearch();
+        for (int round = 0; round < 30; ++round) {
+            settle();
+            QThread::msleep(50);
+        }
+        return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    };
+    double running = 0;
+    double ended = 0;
+    for (auto _ : state) {
+        ended += processorTime();
+        stage->animations().uninstall();
+        const double time = processorTime();
+        stage->animations().install();
+        running += time;
+        state.SetIterationTime(time);
     }
-    state.counters["paints"] = benchmark::Counter(paints.count(), benchmark::Counter::kAvgIterations);
-    state.SetLabel("processor time of 1,500 ms");
-    stage->animations().install();
+    state.counters["ratio"] = running / ended;
+}
+
+// What the charts of a page hold of the heap, against those of the floor; both in a form of their own.
+void memory(benchmark::State &state)
+{
+    const auto stage = stageOf(state);
+    const auto kind = static_cast<Kind>(state.range(0));
+    const auto held = [](const std::function<std::unique_ptr<QWidget>()> &open) {
+        open();
+        settle();
+        const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
+        const std::unique_ptr<QWidget> opened = open();
+        settle();
+        return static_cast<double>(mallinfo2().uordblks + mallinfo2().hblkhd - before);
+    };
+    for (auto _ : state) {
+        const double page = held([&] { return stage->openedPage(kind); });
+        const double floor = held([&] { return stage->openedFloor(); });
+        state.counters["page"] = page;
+        state.counters["floor"] = floor;
+        state.counters["ratio"] = page / floor;
+    }
 }
 
 void rows(benchmark::internal::Benchmark *measure)
@@ -209,13 +252,18 @@ BENCHMARK(pageTurn)
 BENCHMARK(sortPress)->Apply(rows);
 BENCHMARK(tabChange)->Apply(rows);
 BENCHMARK(paints)->Args({TrafficOfOrganisations, 24})->Iterations(1);
-BENCHMARK(growingPage)
+BENCHMARK(quietAgain)
     ->Args({TrafficOfOrganisations, 24})
     ->Args({TrafficOfOrganisations, 100})
     ->Args({TrafficOfDevices, 1000})
     ->UseManualTime()
     ->Iterations(3)
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(memory)
+    ->Args({TrafficOfOrganisations, 24})
+    ->Args({AlarmsOfOrganisations, 24})
+    ->Args({TrafficOfDevices, 5000})
+    ->Iterations(1);
 BENCHMARK(idlePage)
     ->Args({TrafficOfOrganisations, 24, 0})
     ->Args({TrafficOfOrganisations, 24, 1})

@@ -3,6 +3,7 @@
 #include "page/Texts.h"
 
 #include "ChartLook.h"
+#include "ReadableLabels.h"
 #include "ui_BasicChart.h"
 #include "UserData.h"
 
@@ -117,7 +118,7 @@ void BasicChart::appendDeviceSets(QChart &chart, QAbstractBarSeries &series)
     ChartLook::showLegend(chart, Qt::AlignTop);
     QList<qreal> cameras;
     QList<qreal> recorders;
-    LabelIndex deviceTypes;
+    ListIndex<int> deviceTypes;
     for (const auto &[name, value] : std::as_const(barDataList)) {
         const int index = deviceTypes.indexOf(devTypeDataList, name);
         if (index < 0)
@@ -162,10 +163,12 @@ void BasicChart::showBars(QChart &chart, QAbstractBarSeries *series)
 {
     chart.addSeries(series);
     connect(series, &QAbstractBarSeries::hovered, this, &BasicChart::slotBarSelected);
-    QBarCategoryAxis *axisX = ChartLook::categoryAxis(listKeys(barDataList));
+    const QStringList names = listKeys(barDataList);
+    QBarCategoryAxis *axisX = ChartLook::categoryAxis(names);
     chart.createDefaultAxes();
     ChartLook::setAxisX(chart, axisX, series);
     const int maximum = getMaxValue(listValues(barDataList) + listValues(barDataList2));
     ChartLook::setAxisY(chart, ChartLook::valueAxis(axisBound(serviceType().axisRule, maximum)), series);
-    ChartLook::keepLabelsReadable(chart, axisX, barChartView);
+    ReadableLabels::keepReadable(
+        chart, axisX, names, ReadableLabels::Kind::Names, ChartLook::sizeIn(barChartView), m_barLabelStance);
 }

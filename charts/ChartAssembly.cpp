@@ -2,7 +2,7 @@
 #include "page/ServiceTypes.h"
 #include "page/Texts.h"
 
-#include "ChartLook.h"
+#include "ChartLayout.h"
 #include "ui_BasicChart.h"
 
 #include <TalvixWidgets/ZrChartView.h>
@@ -45,7 +45,7 @@ void activateLayouts(QWidget &widget)
 void BasicChart::loadChart()
 {
     qDebug() << "BasicChart::loadChart";
-    const ChartLook::HeldPainting hold(m_chartViewList);
+    const ChartLayouting::UpdatesBlocker blocker(m_chartViewList);
     const bool first = m_chartViewList.isEmpty();
     if (!barDataList.isEmpty())
         m_strSelectedBar = barDataList.constFirst().first;
@@ -89,12 +89,12 @@ void BasicChart::firstLoadCharts()
 // layout of the charts.
 void BasicChart::placeFirstCharts()
 {
-    const ChartLook::HeldPainting hold(m_chartViewList);
+    const ChartLayouting::UpdatesBlocker blocker(m_chartViewList);
     for (ZrChartView *view : std::as_const(m_chartViewList))
         view->show();
     activateLayouts(*this);
     for (ZrChartView *view : std::as_const(m_chartViewList))
-        ChartLook::layOut(*view);
+        ChartLayouting::layOut(*view);
 }
 
 void BasicChart::loadBarView()
@@ -154,14 +154,35 @@ void BasicChart::loadPieView()
 
 ZrChartView *BasicChart::addChartView(QChart *chart)
 {
-    ChartLook::holdLayout(*chart);
+    ChartLayouting::hold(*chart);
     auto *view = new ZrChartView(chart, nullptr);
     m_chartViewList.append(view);
+    connect(view, &QObject::destroyed, this, &BasicChart::forgetChartView);
     return view;
+}
+
+// Whoever deletes a view takes along what lies in it. The others keep their places in the list.
+void BasicChart::forgetChartView(const QObject *view)
+{
+    for (ZrChartView *&known : m_chartViewList) {
+        if (known == view)
+            known = nullptr;
+    }
+    if (view == barChartView)
+        barChartView = nullptr;
+    if (view == lineChartView)
+        lineChartView = nullptr;
+    if (view == pieChartView) {
+        pieChartView = nullptr;
+        labelPiecount = nullptr;
+        comboBoxPie = nullptr;
+    }
 }
 
 void BasicChart::fillPieModes()
 {
+    if (!comboBoxPie)
+        return;
     switch (serviceType().pieModes) {
     case ServiceTypeRow::PieModes::SnapMajorTypes:
         offerSnapMajorTypes(openSnapClass());
@@ -201,19 +222,19 @@ QChart *BasicChart::lineChart()
 // The old chart must be on its way out before the view lets go of it: deleting it while it is shown crashes.
 void BasicChart::replaceChart(int view, QChart *(BasicChart::*builder)())
 {
-    if (view >= m_chartViewList.size())
+    ZrChartView *chartView = m_chartViewList.value(view);
+    if (!chartView)
         return;
-    ZrChartView *chartView = m_chartViewList.at(view);
     chartView->chart()->deleteLater();
     QChart *chart = (this->*builder)();
-    ChartLook::holdLayout(*chart);
+    ChartLayouting::hold(*chart);
     chartView->setChart(chart);
-    ChartLook::layOut(*chartView);
+    ChartLayouting::layOut(*chartView);
 }
 
 void BasicChart::reloadLineAndPieChart()
 {
-    const ChartLook::HeldPainting hold(m_chartViewList.mid(LineView));
+    const ChartLayouting::UpdatesBlocker blocker(m_chartViewList.mid(LineView));
     replaceChart(LineView, &BasicChart::lineChart);
     if (!serviceType().pieless)
         replaceChart(PieView, &BasicChart::createPieChart);
@@ -222,7 +243,7 @@ void BasicChart::reloadLineAndPieChart()
 
 void BasicChart::reloadPieChart()
 {
-    const ChartLook::HeldPainting hold(m_chartViewList.mid(PieView));
+    const ChartLayouting::UpdatesBlocker blocker(m_chartViewList.mid(PieView));
     if (ui->widgetPie->isVisible())
         replaceChart(PieView, &BasicChart::createPieChart);
     finishChartChange();
@@ -238,8 +259,14 @@ void BasicChart::finishChartChange()
 void BasicChart::setChartRenderHint(bool on)
 {
     for (ZrChartView *view : std::as_const(m_chartViewList)) {
+        if (!view)
+            continue;
         view->setRenderHint(QPainter::Antialiasing, on);
-        ChartLook::setRenderLook(*view->chart());
+        QChart *chart = view->chart();
+        const ChartLayouting::KeptLayout kept(*chart);
+        chart->setAnimationOptions(QChart::SeriesAnimations);
+        if (const QBrush transparent(Qt::transparent); chart->backgroundBrush() != transparent)
+            chart->setBackgroundBrush(transparent);
     }
 }
 

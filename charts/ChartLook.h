@@ -1,23 +1,20 @@
 #pragma once
 
-#include <QtCore/QList>
-#include <QtCore/QStringList>
+#include <QtCore/QSizeF>
 #include <QtGui/QColor>
 
 QT_BEGIN_NAMESPACE
 class QAbstractAxis;
 class QAbstractSeries;
 class QBarCategoryAxis;
-class QBrush;
 class QChart;
-class QChartView;
 class QPen;
 class QValueAxis;
 QT_END_NAMESPACE
 
 class ZrChartView;
 
-/// The look that all charts share.
+/// The look that all charts share: pens, colours, axes and legends.
 namespace ChartLook {
 
 /// Colour of the second of two series.
@@ -40,32 +37,9 @@ void setAxisY(QChart &chart, QAbstractAxis *axis, QAbstractSeries *series);
 void removeAxisX(QChart &chart);
 
 void showLegend(QChart &chart, Qt::Alignment alignment);
-/// Lessens or turns the labels of the axis where they have no room side by side, for as long as the chart
-/// lives. A chart that is meant for \a view starts with labels that fit there, and so is measured once; there
-/// is none before the first load.
-void keepLabelsReadable(QChart &chart, QBarCategoryAxis *axis, const ZrChartView *view);
-/// Lessens the font of the legend where its texts have no room beside the chart, likewise.
-void keepLegendReadable(QChart &chart, const ZrChartView *view);
+/// Size that a chart will have in \a view; empty before the first load, when there is none.
+QSizeF sizeIn(const ZrChartView *view);
 /// The chart uses all of its view.
 void removeMargins(QChart &chart);
-/// Series grow into their place, and what lies behind the chart shows through.
-void setRenderLook(QChart &chart);
-/// A new chart, not in a view yet, lays itself out no more until layOut is called, and then once and for all.
-void holdLayout(QChart &chart);
-/// Lays out the chart of a view that has its size.
-void layOut(QChartView &view);
-
-/// Keeps views from painting while it lives, so that they paint once what came of all changes and of the
-/// first step of the animations.
-class HeldPainting
-{
-public:
-    explicit HeldPainting(const QList<ZrChartView *> &views);
-    ~HeldPainting();
-    Q_DISABLE_COPY(HeldPainting)
-
-private:
-    QList<ZrChartView *> m_views;
-};
 
 } // namespace ChartLook

@@ -2,6 +2,7 @@
 #include "page/ServiceTypes.h"
 
 #include "ChartLook.h"
+#include "ReadableLabels.h"
 #include "ui_BasicChart.h"
 
 #include <QtCharts/QBarCategoryAxis>
@@ -83,7 +84,8 @@ QChart *BasicChart::createDualLineChart()
 // All lines share the periods of the first.
 void BasicChart::showLines(QChart &chart, const QList<QLineSeries *> &lines, const QList<int> &values)
 {
-    QBarCategoryAxis *axisX = ChartLook::categoryAxis(periodLabels(lineDataList, m_nTimeType));
+    const QStringList periods = periodLabels(lineDataList, m_nTimeType);
+    QBarCategoryAxis *axisX = ChartLook::categoryAxis(periods);
     for (QLineSeries *line : lines) {
         connect(line, &QXYSeries::hovered, this, &BasicChart::slotLineSelected);
         chart.addSeries(line);
@@ -94,7 +96,8 @@ void BasicChart::showLines(QChart &chart, const QList<QLineSeries *> &lines, con
     QValueAxis *axisY = ChartLook::valueAxis(axisBound(serviceType().axisRule, getMaxValue(values)));
     for (QLineSeries *line : lines)
         ChartLook::setAxisY(chart, axisY, line);
-    ChartLook::keepLabelsReadable(chart, axisX, lineChartView);
+    ReadableLabels::keepReadable(chart, axisX, periods, ReadableLabels::Kind::Periods,
+        ChartLook::sizeIn(lineChartView), m_lineLabelStances[m_nTimeType]);
     chart.legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
     ChartLook::showLegend(chart, Qt::AlignTop);
     ChartLook::removeMargins(chart);

@@ -90,7 +90,8 @@ void BasicChart::updatePieCount()
                        "</style> </head> <body><font id=\"f\"> %5</font>"
                        "<br></br><br></br><font> %6</font>                    </body></html>")
             .arg(QString::number(scale / 2 + 9), theme->changeColorStrOpacity(colour, faded),
-                QString::number(scale + 9), colour, Texts::sentence("TK_PageTotalSize"), totalText(total)));
+                QString::number(scale + 9), colour, Texts::inRichText(Texts::sentence("TK_PageTotalSize")),
+                Texts::inRichText(totalText(total))));
     labelPiecount->show();
     labelPiecount->adjustSize();
     const double x = 0.26 * pane.width() + (pane.width() / 100.0 - 4.5) * 10.0;
@@ -156,6 +157,9 @@ void BasicChart::slotLineSelected(QPointF point, bool state)
             return;
         }
     }
+    // Before the first show there are neither call-outs nor lines.
+    if (m_strToolTipFormat.isEmpty())
+        return;
     // Rounding what no int holds, or what is no number, is undefined.
     if (!(qAbs(point.x()) <= qreal(list->size())))
         return;
@@ -163,8 +167,8 @@ void BasicChart::slotLineSelected(QPointF point, bool state)
     if (index < 0 || index >= list->size())
         return;
     const auto &[label, value] = list->at(index);
-    showCallout(m_strToolTipFormat.arg(
-                    periodText(label, m_nTimeType), Texts::inRichText(name), QString::number(value)),
+    showCallout(m_strToolTipFormat.arg(Texts::inRichText(periodText(label, m_nTimeType)),
+                    Texts::inRichText(name), QString::number(value)),
         QCursor::pos());
 }
 
@@ -174,10 +178,10 @@ void BasicChart::slotPieSelected(QPieSlice *slice, bool state)
         return;
     slice->setExploded(state);
     slice->setExplodeDistanceFactor(explodeDistance);
-    if (state)
+    if (!state)
+        hideCallout();
+    else if (!m_strToolTipFormat.isEmpty())
         showCallout(m_strToolTipFormat.arg(Texts::inRichText(ui->lineEditTime->text()),
                         Texts::inRichText(slice->label()), QString()),
             QCursor::pos());
-    else
-        hideCallout();
 }

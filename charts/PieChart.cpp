@@ -3,6 +3,7 @@
 #include "page/Texts.h"
 
 #include "ChartLook.h"
+#include "ReadableLabels.h"
 #include "ui_BasicChart.h"
 
 #include <TalvixWidgets/AppTranslationHelper.h>
@@ -59,12 +60,11 @@ void orderSlices(LabelledValues &slices)
     slices.append({other, sum});
 }
 
-QString legendText(const std::pair<QString, int> &slice, int total)
+// What stands behind the name of a slice.
+QString sliceFigures(int value, int total)
 {
-    const double percentage = slice.second * 100.0 / total;
-    const QString figures =
-        Texts::sentence(" | %1% %2").arg(percentage, 5, 'f', 1, QLatin1Char(' ')).arg(slice.second);
-    return slice.first + figures;
+    const double percentage = value * 100.0 / total;
+    return Texts::sentence(" | %1% %2").arg(percentage, 5, 'f', 1, QLatin1Char(' ')).arg(value);
 }
 
 QList<QColor> positionColours()
@@ -94,14 +94,13 @@ QChart *BasicChart::createPieChart()
     series->setHoleSize(holeSize);
     const int total = wrappingTotal(pieDataList);
     orderSlices(pieDataList);
-    m_pieLabels.reset();
-    appendSlices(*series, total);
+    const QList<std::pair<QString, QString>> legendTexts = appendSlices(*series, total);
     connect(series, &QPieSeries::hovered, this, &BasicChart::slotPieSelected);
     chart->addSeries(series);
     chart->legend()->setMarkerShape(QLegend::MarkerShapeCircle);
     ChartLook::showLegend(*chart, Qt::AlignRight);
     chart->legend()->setBackgroundVisible(false);
-    ChartLook::keepLegendReadable(*chart, pieChartView);
+    ReadableLabels::keepLegendReadable(*chart, legendTexts, ChartLook::sizeIn(pieChartView));
     // The pane may get its size after the chart; the total in its middle follows.
     connect(chart, &QGraphicsWidget::geometryChanged, this, [this] {
         if (labelPiecount && !labelPiecount->isHidden())
@@ -112,25 +111,27 @@ QChart *BasicChart::createPieChart()
     return chart;
 }
 
-void BasicChart::appendSlices(QPieSeries &series, int total)
+QList<std::pair<QString, QString>> BasicChart::appendSlices(QPieSeries &series, int total)
 {
+    QList<std::pair<QString, QString>> legendTexts;
     const bool byClass = serviceType().pieModes == ServiceTypeRow::PieModes::DeviceDistribution;
     const QList<QColor> colours = positionColours();
     for (int i = 0; i < pieDataList.size(); ++i) {
         const auto &entry = pieDataList.at(i);
-        QPieSlice *slice = series.append(legendText(entry, total), entry.second);
+        legendTexts.append({entry.first, sliceFigures(entry.second, total)});
+        QPieSlice *slice = series.append(entry.first + legendTexts.constLast().second, entry.second);
         slice->setBorderColor(Qt::transparent);
         if (byClass)
             colourByClass(*slice, entry.first);
         else if (i < colours.size())
             slice->setColor(colours.at(i));
     }
+    return legendTexts;
 }
 
 void BasicChart::slot_switchPieChart(QAbstractButton *)
 {
     pieDataList.clear();
-    m_pieLabels.reset();
     const QList<int> majorTypes = openSnapClass();
     if (!comboBoxPie)
         return;
@@ -208,6 +209,8 @@ void BasicChart::switchDeviceDistribution(int mode)
 void BasicChart::emptyAllCharts()
 {
     for (ZrChartView *view : std::as_const(m_chartViewList)) {
+        if (!view)
+            continue;
         QChart *chart = view->chart();
         const QList<QAbstractSeries *> allSeries = chart->series();
         for (QAbstractSeries *series : allSeries) {

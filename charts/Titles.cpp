@@ -27,7 +27,7 @@ const char *unitKey(int timeType)
 
 QString translatedOrEmpty(const char *key)
 {
-    return key ? Texts::sentence(key) : QString();
+    return key ? Texts::inRichText(Texts::sentence(key)) : QString();
 }
 
 } // namespace
@@ -78,5 +78,5 @@ QString BasicChart::detailTitle(const char *key) const
         + QStringLiteral(";}")
         + QStringLiteral("</style></head><body><font id=\"f\"> %1 %2</font><font> %3%4</font></body></html>")
               .arg(Texts::inRichText(ui->lineEditTime->text()), Texts::inRichText(m_strSelectedBar),
-                  Texts::sentence(unitKey(m_nTimeType)), translatedOrEmpty(key));
+                  translatedOrEmpty(unitKey(m_nTimeType)), translatedOrEmpty(key));
 }

@@ -82,6 +82,17 @@ void BasicChart::exportPdf()
     }
 }
 
+// The dialog is a variable of Qt's and a child of the page at once. A page that ends while its user is still
+// choosing must not delete it.
+void BasicChart::releaseFileDialog()
+{
+    const auto dialogs = findChildren<QFileDialog *>(Qt::FindDirectChildrenOnly);
+    for (QFileDialog *dialog : dialogs) {
+        dialog->setParent(nullptr);
+        dialog->reject();
+    }
+}
+
 bool BasicChart::createPdf()
 {
     const QString proposedName = QStringLiteral("StatisticCharts_%1")

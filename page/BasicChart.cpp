@@ -8,6 +8,8 @@
 #include <QtCore/QDebug>
 #include <QtWidgets/QComboBox>
 
+#include <utility>
+
 BasicChart::BasicChart(QWidget *parent, int type)
     : BaseWidget(parent, {})
     , ui(new Ui::BasicChart)
@@ -19,12 +21,13 @@ BasicChart::BasicChart(QWidget *parent, int type)
 
 BasicChart::~BasicChart()
 {
+    releaseFileDialog();
     if (comboBoxPie && !comboBoxPie->parentWidget())
         delete comboBoxPie;
     // Charts end their hovers as they die, and our slots answer; so they go while the page is still whole.
     labelPiecount = nullptr;
     comboBoxPie = nullptr;
-    qDeleteAll(m_chartViewList);
+    qDeleteAll(std::exchange(m_chartViewList, {}));
     delete ui;
 }
 

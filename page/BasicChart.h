@@ -19,6 +19,8 @@
 
 #include <initializer_list>
 #include <list>
+#include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -43,6 +45,9 @@ class ZrChartView;
 class ZrPushButton;
 struct NODE;
 
+namespace ReadableLabels {
+struct Stance;
+}
 namespace Ui {
 class BasicChart;
 }
@@ -279,12 +284,6 @@ protected:
     void foldOrgaBar(int id, int first, int second);
     int chosenSnapClass() const;
 
-    // statistics/BarFocus.cpp
-    void refreshAfterBarSort();
-    void sortBars(bool descending);
-    void focusBar(const QString &name);
-    int sortType() const;
-
     // charts/ChartAssembly.cpp
     void loadChart();
     void firstLoadCharts();
@@ -294,6 +293,7 @@ protected:
     void loadPieView();
     void addPageButtons(QHBoxLayout *row);
     ZrChartView *addChartView(QChart *chart);
+    void forgetChartView(const QObject *view);
     void fillPieModes();
     void offerModes(std::initializer_list<std::pair<const char *, int>> modes);
     QChart *barChart();
@@ -320,12 +320,18 @@ protected:
 
     // charts/PieChart.cpp
     QChart *createPieChart();
-    void appendSlices(QPieSeries &series, int total);
+    QList<std::pair<QString, QString>> appendSlices(QPieSeries &series, int total);
     QList<int> openSnapClass();
     void offerSnapMajorTypes(const QList<int> &majorTypes);
     void switchGroupDistribution(int mode);
     void switchDeviceDistribution(int mode);
     void emptyAllCharts();
+
+    // charts/BarFocus.cpp
+    void refreshAfterBarSort();
+    void sortBars(bool descending);
+    void focusBar(const QString &name);
+    int sortType() const;
 
     // charts/Titles.cpp
     QString getChartTitle(QLabel *label);
@@ -342,14 +348,16 @@ protected:
 
     // export/PdfSnapshot.cpp
     bool createPdf();
+    void releaseFileDialog();
     void exportPdf();
 
 private:
-    LabelIndex m_barLabels;
-    LabelIndex m_bar2Labels;
-    LabelIndex m_lineLabels;
-    LabelIndex m_line2Labels;
-    LabelIndex m_pieLabels;
-    LabelIndex m_deviceNames;
-    LabelIndex m_deviceKeys;
+    ListIndex<int> m_barIndex;
+    ListIndex<int> m_barIndex2;
+    ListIndex<int> m_lineIndex;
+    ListIndex<int> m_lineIndex2;
+    ListIndex<int> m_pieIndex;
+    ListIndex<QString> m_keyIndex;
+    std::shared_ptr<ReadableLabels::Stance> m_barLabelStance;
+    std::map<int, std::shared_ptr<ReadableLabels::Stance>> m_lineLabelStances; ///< by time unit
 };

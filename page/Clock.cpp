@@ -5,6 +5,8 @@
 
 QDateTime Clock::now()
 {
-    const QDateTime given = qApp->property("presentMoment").toDateTime();
-    return given.isValid() ? given : QDateTime::currentDateTime();
+    const QVariant given = qApp->property(currentTimeProperty);
+    if (given.typeId() == QMetaType::QDateTime && given.toDateTime().isValid())
+        return given.toDateTime();
+    return QDateTime::currentDateTime();
 }

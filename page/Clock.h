@@ -2,12 +2,14 @@
 
 #include <QtCore/QDateTime>
 
-/// The one door to the present moment.
+/// The one door to the current time.
 namespace Clock {
 
-/// The present in local time: the application's property "presentMoment" where it holds a moment, else the
-/// system's clock. The property lets a host show a certain day; it reaches every copy of this code in the
-/// process.
+/// Name of the application's dynamic property that puts the current time in place of the system's clock, for
+/// demonstrations and tests (`docs/integration.md`). It is read by every copy of this code in the process.
+inline constexpr char currentTimeProperty[] = "TalvixDataStatics::currentTime";
+
+/// The current local time: what the property holds where that is a valid `QDateTime`, else the system's.
 QDateTime now();
 
 } // namespace Clock

@@ -34,18 +34,3 @@ LabelledValues sortedByLabel(const LabelledValues &list)
         sorted.begin(), sorted.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
     return sorted;
 }
-
-void LabelIndex::reset()
-{
-    m_first.clear();
-    m_known = 0;
-}
-
-void fold(LabelledValues &list, LabelIndex &index, const QString &label, int value)
-{
-    const int position = index.indexOf(list, label);
-    if (position < 0)
-        list.append({label, value});
-    else
-        list[position].second = wrappingSum(list.at(position).second, value);
-}

@@ -7,27 +7,27 @@
 
 #include <utility>
 
-/// Display text and figure: what bars, lines and pies are drawn from.
+/// Display text and value: what bars, lines and pies are drawn from.
 using LabelledValues = QList<std::pair<QString, int>>;
 /// Display text of a bar and the key that its detail is asked by.
 using LabelledKeys = QList<std::pair<QString, QString>>;
 
-/// Sum of two figures, wrapping as 32-bit integers do on every machine of the platform.
+/// Sum of two values, wrapping as 32-bit integers do on every machine of the platform.
 constexpr int wrappingSum(int a, int b)
 {
     return static_cast<int>(static_cast<unsigned int>(a) + static_cast<unsigned int>(b));
 }
 
-/// Difference of two figures, wrapping likewise.
+/// Difference of two values, wrapping likewise.
 constexpr int wrappingDifference(int a, int b)
 {
     return static_cast<int>(static_cast<unsigned int>(a) - static_cast<unsigned int>(b));
 }
 
-/// Sum of all figures, wrapping.
+/// Sum of all values, wrapping.
 int wrappingTotal(const LabelledValues &list);
 
-/// The figures in list order.
+/// The values in list order.
 QList<int> listValues(const LabelledValues &list);
 
 /// The display texts in list order.
@@ -41,64 +41,88 @@ QStringList listKeys(const QList<std::pair<QString, Value>> &list)
     return keys;
 }
 
-/// The list by ascending figure; entries of one figure stand in the reverse of their order in \a list.
+/// The list by ascending value; entries of one value stand in the reverse of their order in \a list.
 LabelledValues sortBarList(const LabelledValues &list);
 
 /// The list by ascending label, compared by code units; of equal labels the later entry comes first.
 LabelledValues sortedByLabel(const LabelledValues &list);
 
-/// Finds the first entry with a text in a growing list of pairs, without searching the list.
+/// Finds entries of a list of pairs by their texts without searching the list.
 ///
-/// Entries that were appended since the last look-up are taken in then. Whoever clears or reorders the list
-/// calls `reset()`; a list that was replaced without it is noticed by its last known entry or by a wrong hit.
-class LabelIndex
+/// The index keeps a shared copy of the list as it knows it. Whoever changes the list gives it data of its
+/// own by that, and the next look-up begins anew; so an answer is always what a search would find. Only
+/// changes through the index itself are followed in place.
+template <typename Value>
+class ListIndex
 {
 public:
-    void reset();
+    using Entry = std::pair<QString, Value>;
+    using List = QList<Entry>;
 
-    /// Position of the first entry whose display text is \a label, or -1.
-    template <typename Value>
-    int indexOf(const QList<std::pair<QString, Value>> &list, const QString &label)
+    /// Position of the first entry of \a list whose display text is \a label, or -1.
+    int indexOf(const List &list, const QString &label)
     {
-        return find(list, label, &std::pair<QString, Value>::first);
+        follow(list);
+        return m_labels.find(list, label, &Entry::first);
     }
 
-    /// Position of the first entry whose key is \a key, or -1.
-    int indexOfKey(const LabelledKeys &list, const QString &key)
+    /// Position of the first entry of \a list whose key is \a key, or -1.
+    int indexOfKey(const List &list, const QString &key)
     {
-        return find(list, key, &LabelledKeys::value_type::second);
+        follow(list);
+        return m_keys.find(list, key, &Entry::second);
+    }
+
+    /// Appends \a entry to \a list.
+    void append(List &list, const Entry &entry)
+    {
+        follow(list);
+        m_known = List();
+        list.append(entry);
+        m_known = list;
+    }
+
+    /// Adds \a value to the first entry of \a list that bears \a label, in its place, or appends a new entry.
+    void fold(List &list, const QString &label, Value value)
+    {
+        const int position = indexOf(list, label);
+        if (position < 0) {
+            append(list, {label, value});
+            return;
+        }
+        m_known = List();
+        list[position].second = wrappingSum(list.at(position).second, value);
+        m_known = list;
     }
 
 private:
-    template <typename Entry>
-    int find(const QList<Entry> &list, const QString &text, QString Entry::*member)
+    /// First position of each text, of as many entries as have been asked about so far.
+    struct Positions
     {
-        if (m_known > list.size() || (m_known > 0 && list.at(m_known - 1).*member != m_lastKnown))
-            reset();
-        takeIn(list, member);
-        int position = m_first.value(text, -1);
-        if (position >= 0 && list.at(position).*member != text) {
-            reset();
-            takeIn(list, member);
-            position = m_first.value(text, -1);
+        int find(const List &list, const QString &text, QString Entry::*member)
+        {
+            for (; known < list.size(); ++known) {
+                const QString &taken = list.at(known).*member;
+                if (!first.contains(taken))
+                    first.insert(taken, known);
+            }
+            return first.value(text, -1);
         }
-        return position;
+
+        QHash<QString, int> first;
+        int known = 0;
+    };
+
+    void follow(const List &list)
+    {
+        if (list.constData() == m_known.constData() && list.size() == m_known.size())
+            return;
+        m_known = list;
+        m_labels = Positions();
+        m_keys = Positions();
     }
 
-    template <typename Entry>
-    void takeIn(const QList<Entry> &list, QString Entry::*member)
-    {
-        for (; m_known < list.size(); ++m_known) {
-            m_lastKnown = list.at(m_known).*member;
-            if (!m_first.contains(m_lastKnown))
-                m_first.insert(m_lastKnown, m_known);
-        }
-    }
-
-    QHash<QString, int> m_first;
-    QString m_lastKnown;
-    int m_known = 0;
+    List m_known;
+    Positions m_labels;
+    Positions m_keys;
 };
-
-/// Adds \a value to the entry that bears \a label, in its place, or appends a new entry.
-void fold(LabelledValues &list, LabelIndex &index, const QString &label, int value);

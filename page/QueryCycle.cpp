@@ -112,8 +112,10 @@ void BasicChart::clearChartData()
         if (control)
             control->setVisible(false);
     }
-    for (ZrChartView *view : std::as_const(m_chartViewList))
-        view->chart()->setVisible(false);
+    for (ZrChartView *view : std::as_const(m_chartViewList)) {
+        if (view)
+            view->chart()->setVisible(false);
+    }
     snapSamples.clear();
     snapDetailMap.clear();
     etiologyDistribution.clear();
@@ -159,7 +161,8 @@ void BasicChart::slotTimerReq()
 {
     if (!m_strSelectedBar.isEmpty())
         Q_EMIT barSetChanged(m_strSelectedBar);
-    m_pTimer->stop();
+    if (m_pTimer)
+        m_pTimer->stop();
 }
 
 bool BasicChart::eventFilter(QObject *watched, QEvent *event)

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "AxisBound.h"
 #include "BasicChart.h"
-
-#include "charts/AxisBound.h"
 
 /// All in which the nine kinds of statistics differ. A tenth kind would be a row and its query.
 struct BasicChart::ServiceTypeRow

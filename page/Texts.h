@@ -34,12 +34,14 @@ inline QString title(const char *key)
 /// fit, takes the square of its length in memory.
 constexpr qsizetype mostCharactersShown = 1000;
 
-/// A name of the server's, or another text that is none of ours, as part of rich text. What looks like a tag
-/// in it is shown as it stands; as a tag it would vanish, and one of a picture that is wider than a layout
-/// can count keeps that layout busy for ever.
-inline QString inRichText(const QString &name)
+/// Text from outside (a name, a label, a translation) as part of rich text, which shows exactly its characters.
+/// A tag in it would vanish otherwise, and one of a picture that is wider than a layout can count keeps that
+/// layout busy for ever.
+inline QString inRichText(const QString &text)
 {
-    return name.left(mostCharactersShown).replace(QLatin1Char('<'), QLatin1String("&lt;"));
+    return text.left(mostCharactersShown)
+        .replace(QLatin1Char('&'), QLatin1String("&amp;"))
+        .replace(QLatin1Char('<'), QLatin1String("&lt;"));
 }
 
 } // namespace Texts

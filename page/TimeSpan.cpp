@@ -18,7 +18,8 @@ constexpr int gapBelowLineEdit = 15;
 void BasicChart::startSpan(QueryType type, const QDateTime &start, const QDateTime &stop)
 {
     m_nTimeType = type;
-    m_pCalendarWidget->setType(type);
+    if (m_pCalendarWidget)
+        m_pCalendarWidget->setType(type);
     slotDataTimeChanged(start, stop, static_cast<QueryType>(m_nTimeType));
     setButtonHighlight(ui->pushButtonHour, type == ZrCalendarWidget::Hour);
     setButtonHighlight(ui->pushButtonDay, type == ZrCalendarWidget::Day);
@@ -58,6 +59,8 @@ void BasicChart::slotCalendarChanged(QDateTime startTime, QDateTime stopTime)
 
 void BasicChart::showZrCalendarWidget(bool)
 {
+    if (!m_pCalendarWidget)
+        return;
     const QPoint belowRightEdge(
         ui->lineEditTime->x() - m_pCalendarWidget->width() + ui->lineEditTime->width(),
         ui->lineEditTime->y() + ui->lineEditTime->height() + gapBelowLineEdit);

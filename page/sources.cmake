@@ -1,4 +1,6 @@
 target_sources(TalvixDataStaticsObjects PRIVATE
+    ${PROJECT_SOURCE_DIR}/page/AxisBound.cpp
+    ${PROJECT_SOURCE_DIR}/page/AxisBound.h
     ${PROJECT_SOURCE_DIR}/page/BasicChart.cpp
     ${PROJECT_SOURCE_DIR}/page/BasicChart.h
     ${PROJECT_SOURCE_DIR}/page/BasicChart.ui

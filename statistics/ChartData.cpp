@@ -26,10 +26,6 @@ void BasicChart::clearBarChartData()
     barDataList2.clear();
     devDataList.clear();
     devTypeDataList.clear();
-    m_barLabels.reset();
-    m_bar2Labels.reset();
-    m_deviceNames.reset();
-    m_deviceKeys.reset();
 }
 
 void BasicChart::clearPieAndLineChartData()
@@ -39,9 +35,6 @@ void BasicChart::clearPieAndLineChartData()
     lineDataList.clear();
     lineDataList2.clear();
     pieDataList.clear();
-    m_lineLabels.reset();
-    m_line2Labels.reset();
-    m_pieLabels.reset();
 }
 
 void BasicChart::clearPieChartData()
@@ -49,7 +42,6 @@ void BasicChart::clearPieChartData()
     qDebug() << "BasicChart::clearPieChartData";
     const QMutexLocker lock(&m_mutex);
     pieDataList.clear();
-    m_pieLabels.reset();
 }
 
 void BasicChart::setBarList(const std::vector<AlarmStatisticsRecord> &records)
@@ -127,7 +119,7 @@ QString BasicChart::organisationName(int id)
 void BasicChart::appendBar(const QString &name, const QString &key, int value)
 {
     barDataList.append({name, value});
-    devDataList.append({name, key});
+    m_keyIndex.append(devDataList, {name, key});
 }
 
 void BasicChart::setOrgaBarItem(int id, int value)
@@ -145,7 +137,7 @@ void BasicChart::setDevBarItem(const std::string &uid, int value)
         devTypeDataList.append({name, channel->get_channel_type_id()});
     } else if (TalvixDevice *device = client->getDevicesByUid(uid)) {
         QString name = QString::fromStdString(device->get_device_name());
-        if (m_deviceNames.indexOf(devDataList, name) >= 0)
+        if (m_keyIndex.indexOf(devDataList, name) >= 0)
             name = QString::fromStdString(device->get_device_ip());
         appendBar(name, key, value);
         devTypeDataList.append({name, device->get_device_type_id()});
@@ -157,7 +149,7 @@ void BasicChart::setDevBarItem(const std::string &uid, int value)
 // A name that is taken gives way to the address, or to the channel's own name. It is not compared again.
 QString BasicChart::distinctChannelName(const QString &name, TalvixChannel &channel)
 {
-    if (m_deviceNames.indexOf(devDataList, name) < 0)
+    if (m_keyIndex.indexOf(devDataList, name) < 0)
         return name;
     const std::string address = channel.get_channel_ip();
     return QString::fromStdString(address.empty() ? channel.get_channel_name() : address);
@@ -167,7 +159,7 @@ void BasicChart::setLineAndPieItem(const std::string &label, int value, int alar
 {
     const QMutexLocker lock(&m_mutex);
     QString name = QString::fromStdString(label);
-    fold(lineDataList, m_lineLabels, name, value);
+    m_lineIndex.fold(lineDataList, name, value);
     if (value == 0)
         return;
     if (alarmType != noAlarmType) {
@@ -175,15 +167,13 @@ void BasicChart::setLineAndPieItem(const std::string &label, int value, int alar
         if (TalvixAlarmType *type = KrxClient::instance()->getAlarmTypeByCode(alarmType))
             name = translatedName(type->get_alarm_type_name());
     }
-    fold(pieDataList, m_pieLabels, name, value);
+    m_pieIndex.fold(pieDataList, name, value);
 }
 
 void BasicChart::sortLineList()
 {
     lineDataList = sortedByLabel(lineDataList);
     lineDataList2 = sortedByLabel(lineDataList2);
-    m_lineLabels.reset();
-    m_line2Labels.reset();
 }
 
 void BasicChart::getChartDataByBarId(const QString &key)

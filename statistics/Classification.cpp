@@ -48,13 +48,11 @@ LabelledValues slicesOf(const std::vector<TempDistributionItem> &items, const Cl
 void BasicChart::setTemperaturePieList(const std::vector<TempDistributionItem> &items)
 {
     pieDataList = slicesOf(items, temperatureClasses);
-    m_pieLabels.reset();
 }
 
 void BasicChart::setMaskPieList(const std::vector<TempDistributionItem> &items)
 {
     pieDataList = slicesOf(items, maskClasses);
-    m_pieLabels.reset();
 }
 
 // A cause is labelled by its count, not by its code.
@@ -63,7 +61,7 @@ void BasicChart::setEtiologyPieList(const std::vector<TempDistributionItem> &ite
     clearPieChartData();
     for (const TempDistributionItem &item : items) {
         const QString label = item.code == noCause ? QString() : QString::number(item.count);
-        fold(pieDataList, m_pieLabels, label, item.count);
+        m_pieIndex.fold(pieDataList, label, item.count);
     }
 }
 
@@ -83,7 +81,6 @@ void BasicChart::setNumberPieList(const std::vector<TempDistributionItem> &items
 void BasicChart::setSnapMinorPieList(const std::vector<SnapDetailMajorItem> &items, int majorType)
 {
     pieDataList.clear();
-    m_pieLabels.reset();
     const auto major = std::find_if(items.cbegin(), items.cend(),
         [majorType](const SnapDetailMajorItem &item) { return item.majorType == majorType; });
     if (major == items.cend())

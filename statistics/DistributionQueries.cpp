@@ -140,10 +140,10 @@ void BasicChart::foldOrgaBar(int id, int first, int second)
 {
     const QString name = organisationName(id);
     const QString key = QString::number(id);
-    if (m_deviceKeys.indexOfKey(devDataList, key) < 0)
-        devDataList.append({name, key});
-    fold(barDataList, m_barLabels, name, first);
-    fold(barDataList2, m_bar2Labels, name, second);
+    if (m_keyIndex.indexOfKey(devDataList, key) < 0)
+        m_keyIndex.append(devDataList, {name, key});
+    m_barIndex.fold(barDataList, name, first);
+    m_barIndex2.fold(barDataList2, name, second);
 }
 
 // The answer is for the organisation of the page whatever the bar: there is one bar.
@@ -176,6 +176,6 @@ void BasicChart::setTempAlarmLineList(const std::vector<TempAlarmHandleItem> &re
 void BasicChart::setTempAlarmLineItem(const TempAlarmHandleItem &record)
 {
     const QString time = QString::fromStdString(record.time);
-    fold(lineDataList, m_lineLabels, time, record.handleState == Accepted ? record.count : 0);
-    fold(lineDataList2, m_line2Labels, time, record.handleState == NotAccepted ? record.count : 0);
+    m_lineIndex.fold(lineDataList, time, record.handleState == Accepted ? record.count : 0);
+    m_lineIndex2.fold(lineDataList2, time, record.handleState == NotAccepted ? record.count : 0);
 }

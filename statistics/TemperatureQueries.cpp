@@ -102,7 +102,7 @@ void BasicChart::setGroupLineList(const std::vector<TemperatureStatisticsItem> &
 {
     clearPieAndLineChartData();
     for (const TemperatureStatisticsItem &item : items)
-        fold(lineDataList, m_lineLabels, QString::fromStdString(item.name), item.count);
+        m_lineIndex.fold(lineDataList, QString::fromStdString(item.name), item.count);
 }
 
 void BasicChart::setPersonLineList(const std::vector<TemperatureStatisticsItem> &items)
@@ -110,11 +110,11 @@ void BasicChart::setPersonLineList(const std::vector<TemperatureStatisticsItem> 
     clearPieAndLineChartData();
     for (const TemperatureStatisticsItem &item : items) {
         QString label = QString::fromStdString(item.name);
-        fold(lineDataList, m_lineLabels, label, item.count);
+        m_lineIndex.fold(lineDataList, label, item.count);
         if (item.count == 0)
             continue;
         if (item.id != noClass)
             label = QString::number(item.id);
-        fold(pieDataList, m_pieLabels, label, item.count);
+        m_pieIndex.fold(pieDataList, label, item.count);
     }
 }

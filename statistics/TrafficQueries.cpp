@@ -81,14 +81,14 @@ void BasicChart::setTrafficDeviceBarItem(const std::string &uid, const std::vect
         return;
     QString name = client->getDevNameByChannelID(uid);
     const QString key = QString::fromStdString(uid);
-    if (m_deviceKeys.indexOfKey(devDataList, key) < 0) {
+    if (m_keyIndex.indexOfKey(devDataList, key) < 0) {
         name = distinctChannelName(name, *channel);
-        devDataList.append({name, key});
+        m_keyIndex.append(devDataList, {name, key});
         devTypeDataList.append({name, channel->get_channel_type_id()});
     }
     const SnapSums sums = sumUp(counts);
-    fold(barDataList, m_barLabels, name, sums.vehicles);
-    fold(barDataList2, m_bar2Labels, name, sums.pedestrians);
+    m_barIndex.fold(barDataList, name, sums.vehicles);
+    m_barIndex2.fold(barDataList2, name, sums.pedestrians);
 }
 
 void BasicChart::drillIntoChannel(const QString &key)
@@ -167,8 +167,8 @@ void BasicChart::setTrafficLineItem(const std::string &label, const std::vector<
 {
     const QString time = QString::fromStdString(label);
     const SnapSums sums = sumUp(counts);
-    fold(lineDataList, m_lineLabels, time, sums.vehicles);
-    fold(lineDataList2, m_line2Labels, time, sums.pedestrians);
+    m_lineIndex.fold(lineDataList, time, sums.vehicles);
+    m_lineIndex2.fold(lineDataList2, time, sums.pedestrians);
 }
 
 int BasicChart::chosenSnapClass() const

@@ -1,6 +1,5 @@
 target_sources(TalvixDataStaticsObjects PRIVATE
     ${PROJECT_SOURCE_DIR}/statistics/AlarmQueries.cpp
-    ${PROJECT_SOURCE_DIR}/statistics/BarFocus.cpp
     ${PROJECT_SOURCE_DIR}/statistics/ChartData.cpp
     ${PROJECT_SOURCE_DIR}/statistics/Classification.cpp
     ${PROJECT_SOURCE_DIR}/statistics/DistributionQueries.cpp

@@ -1,6 +1,6 @@
 #include "support/TestMain.h"
 
-#include <charts/AxisBound.h>
+#include <page/AxisBound.h>
 
 #include <limits>
 

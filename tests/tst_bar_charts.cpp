@@ -691,31 +691,20 @@ void BarChartsTest::everyBarHasItsOwnCategory()
 
 void BarChartsTest::labelsAreShownToTheLetter_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("category");
-
-    // The axis draws rich text.
-    QTest::newRow("tags") << "<b>Gate</b>"
-                          << "&lt;b>Gate&lt;/b>";
-    QTest::newRow("a picture wider than a layout can count") << "<img src=\"x\" width=9999999>"
-                                                             << "&lt;img src=\"x\" width=9999999>";
-    for (const QString &same : {QStringLiteral("Gate & Hall \"Yard\""), QStringLiteral("%1 %2 %L1 100%"),
-             QString(200, 'x'), QStringLiteral("Gate\nHall"), QString::fromUtf8("大门"),
-             QStringLiteral("TK_IPC"), QString::fromUtf8("\xFFGate\xC3", 6)})
-        QTest::newRow(qUtf8Printable(same.left(20))) << same << same;
+    trickyNameRows();
 }
 
 void BarChartsTest::labelsAreShownToTheLetter()
 {
     QFETCH(QString, name);
-    QFETCH(QString, category);
     for (const int type : {1, 2, 7}) {
         ChartStage stage(type);
         stage.page.barDataList = {{name, 3}, {"other", 2}};
         stage.page.barDataList2 = {{name, 3}, {"other", 2}};
         stage.page.devTypeDataList = {{name, 1}, {"other", 1}};
         const OwnedChart chart = build(stage.page, type);
-        QCOMPARE(categories(chart.get()), (QStringList{category, "other"}));
+        QCOMPARE(plainText(categories(chart.get()).at(0)).simplified(), name.simplified());
+        QCOMPARE(categories(chart.get()).at(1), QStringLiteral("other"));
         if (type == 7)
             QCOMPARE(userData(sets(chart.get()).at(1), 0)->label, name);
     }

@@ -59,8 +59,6 @@ private Q_SLOTS:
     void barOutOfRangeShowsNothing();
     void namesStandToTheLetter_data();
     void namesStandToTheLetter();
-    void aMarkerInTheNameOfABarTakesTheFigure_data();
-    void aMarkerInTheNameOfABarTakesTheFigure();
 
     void onlyTheEndOfTheHoverHidesTheCallout();
     void realPointerOverBars_data();
@@ -635,63 +633,56 @@ void CalloutsTest::barOutOfRangeShowsNothing()
 
 void CalloutsTest::namesStandToTheLetter_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("shown");
-
-    // Call-outs are rich text.
-    QTest::newRow("a tag") << "<img src=\"x\" width=9999999>"
-                           << "&lt;img src=\"x\" width=9999999>";
-    QTest::newRow("null") << QString() << QString();
-    for (const QString &same :
-        {QString(""), QString("%1"), QString("%3"), QString("Gate & Hall"), QString(200, 'x')})
-        QTest::addRow("\"%s\"", qUtf8Printable(same.left(20))) << same << same;
+    trickyNameRows();
+    QTest::newRow("an empty name") << QString("");
+    QTest::newRow("a null name") << QString();
 }
 
 void CalloutsTest::namesStandToTheLetter()
 {
     QFETCH(QString, name);
-    QFETCH(QString, shown);
+    const auto shows = [&name](const ProbePage &page, const QString &time, const QString &value) {
+        const QString shown = plainText(page.labelCallout->text()).remove(QChar::ObjectReplacementCharacter);
+        const QString expected = time + ' ' + name + ' ' + value;
+        if (shown.simplified() == expected.simplified())
+            return true;
+        qWarning() << shown << expected;
+        return false;
+    };
     ChartStage stage(1, ChartStage::OnScreen);
     stage.page.m_nTimeType = 2;
     stage.page.lineDataList = days;
     stage.page.m_strSelectedBar = name;
     stage.page.slotLineSelected(QPointF(1, 0), true);
-    QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-02", shown, "7"));
+    QVERIFY(shows(stage.page, "2024-05-02", "7"));
 
     QPieSlice slice(name, 3);
     stage.page.slotPieSelected(&slice, true);
-    QCOMPARE(stage.page.labelCallout->text(), callout(span, shown, ""));
+    QVERIFY(shows(stage.page, span, ""));
 
-    // The text of a bar takes markers; the next test has them.
-    if (name.contains('%'))
-        return;
     QBarSet set("set");
     set.append(5);
     stage.page.barDataList = {{name, 5}};
     stage.page.m_strSelectedBar = "another";
     stage.page.slotBarSelected(true, 0, &set);
-    QCOMPARE(stage.page.labelCallout->text(), callout(span, shown, "5"));
+    QVERIFY(shows(stage.page, span, "5"));
     QCOMPARE(stage.page.m_strSelectedBar, name);
-}
 
-void CalloutsTest::aMarkerInTheNameOfABarTakesTheFigure_data()
-{
-    QTest::addColumn<int>("serviceType");
+    ChartStage dual(7, ChartStage::OnScreen);
+    dual.page.barDataList = {{"bar", 5}};
+    QBarSet named(name);
+    named.append(5);
+    dual.page.slotBarSelected(true, 0, &named);
+    QVERIFY(shows(dual.page, span, "5"));
 
-    QTest::newRow("one series") << 1;
-    QTest::newRow("two series") << 7;
-}
-
-// The text is filled in step by step: time, name, figure.
-void CalloutsTest::aMarkerInTheNameOfABarTakesTheFigure()
-{
-    QFETCH(int, serviceType);
-    ChartStage stage(serviceType, ChartStage::OnScreen);
-    QBarSet set("Gate %3");
-    set.append(5);
-    stage.page.barDataList = {{"Gate %3", 5}};
-    stage.page.slotBarSelected(true, 0, &set);
-    QCOMPARE(stage.page.labelCallout->text(), callout(span, "Gate 5", "5"));
+    dual.page.m_nTimeType = 2;
+    dual.page.lineDataList = days;
+    dual.page.lineNames = {name, "other"};
+    QLineSeries line;
+    line.setObjectName("Line1");
+    connect(&line, &QXYSeries::hovered, &dual.page, &BasicChart::slotLineSelected);
+    Q_EMIT line.hovered(QPointF(1, 0), true);
+    QVERIFY(shows(dual.page, "2024-05-02", "7"));
 }
 
 void CalloutsTest::onlyTheEndOfTheHoverHidesTheCallout()

@@ -1,4 +1,5 @@
 #include "support/AnswerSource.h"
+#include "support/EverySlot.h"
 #include "support/FakeKrxClient.h"
 #include "support/LogCapture.h"
 #include "support/PageInvariants.h"
@@ -160,6 +161,8 @@ private:
             {"failing client", 2, &Stage::breakClient},
             {"idle", 10, &Stage::idle},
             {"export", 1, &Stage::exportPage},
+            {"any slot", 4, &Stage::callSlot},
+            {"a page never shown", 2, &Stage::callSlotsOfAnotherPage},
         };
         int sum = 0;
         for (const Action &action : actions)
@@ -333,6 +336,24 @@ private:
     {
         m_broken = !m_broken;
         m_manager.failWith(m_broken ? QStringLiteral("The server is away.") : QString());
+    }
+
+    // Whether the page is on show or not.
+    void callSlot() { callSlotOf(m_page); }
+
+    void callSlotOf(ProbePage &page)
+    {
+        const auto &slots = everySlot();
+        slots.at(static_cast<std::size_t>(m_dice.upTo(static_cast<int>(slots.size()) - 1)))(page);
+    }
+
+    void callSlotsOfAnotherPage()
+    {
+        auto *page = new ProbePage(m_dice.upTo(9));
+        for (int i = m_dice.upTo(5); i > 0; --i)
+            callSlotOf(*page);
+        page->deleteLater();
+        callSlotOf(*page);
     }
 
     // The page blocks in its dialogs until they are answered.

@@ -204,10 +204,7 @@ private Q_SLOTS:
         setPresentMoment(QDateTime(last, QTime(23, 59)));
 
         store = std::make_unique<EventStore>();
-        devdata::ImportReport report;
-        QString error;
-        QVERIFY2(store->store.importFile(file, {}, &report, &error), qUtf8Printable(error));
-        QCOMPARE(report.added, static_cast<int>(counts.size()));
+        QCOMPARE(store->store.importFile(file).added, static_cast<int>(counts.size()));
         client = std::make_unique<SqlKrxClient>(store->store);
         installKrxClient(client.get());
         installStatisticsManager(&store->service);

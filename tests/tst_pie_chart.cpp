@@ -41,7 +41,8 @@ private Q_SLOTS:
     void deviceGroupSliceOfNoKnownNameKeepsTheDefaultColour();
     void namesAreShownToTheLetter_data();
     void namesAreShownToTheLetter();
-    void legendShowsTagsAsText();
+    void legendShowsNamesToTheLetter_data();
+    void legendShowsNamesToTheLetter();
     void aPieWithoutATotalTakesAnySize();
     void builderSetsThePieTitleOnly_data();
     void builderSetsThePieTitleOnly();
@@ -549,14 +550,20 @@ void PieChartTest::namesAreShownToTheLetter()
     QCOMPARE(pie(chart)->slices().at(0)->label(), name + QStringLiteral(" | 100.0% 3"));
 }
 
-void PieChartTest::legendShowsTagsAsText()
+void PieChartTest::legendShowsNamesToTheLetter_data()
 {
+    trickyNameRows();
+}
+
+void PieChartTest::legendShowsNamesToTheLetter()
+{
+    QFETCH(QString, name);
     ChartStage stage(1);
-    stage.page.pieDataList = {{"<img src=\"x\" width=9999999>", 3}};
+    stage.page.pieDataList = {{name, 3}};
     const OwnedChart chart = build(stage.page);
-    QCOMPARE(chart->legend()->markers().constFirst()->label(),
-        QStringLiteral("&lt;img src=\"x\" width=9999999> | 100.0% 3"));
-    QCOMPARE(pie(chart)->slices().at(0)->label(), "<img src=\"x\" width=9999999> | 100.0% 3");
+    const QString whole = name + " | 100.0% 3";
+    QCOMPARE(plainText(chart->legend()->markers().constFirst()->label()).simplified(), whole.simplified());
+    QCOMPARE(pie(chart)->slices().at(0)->label(), whole);
 }
 
 void PieChartTest::aPieWithoutATotalTakesAnySize()

@@ -110,7 +110,7 @@ int run(const Options &options)
     if (!options.log)
         QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
     if (options.now.isValid())
-        qApp->setProperty("presentMoment", options.now);
+        qApp->setProperty("TalvixDataStatics::currentTime", options.now);
 
     Figures figures(options);
     figures.open();

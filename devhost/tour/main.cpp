@@ -166,7 +166,7 @@ int main(int argc, char **argv)
     QApplication::setCursorFlashTime(0);
     Options options;
     options.now = QDateTime(QDate(2024, 5, 3), QTime(17, 20));
-    qApp->setProperty("presentMoment", options.now);
+    qApp->setProperty("TalvixDataStatics::currentTime", options.now);
     try {
         Figures figures(options);
         figures.open();

@@ -56,7 +56,7 @@ bool isUsable(const QDateTime &moment)
 /// The host's present moment can be set, for pictures and tests of a certain day.
 QDateTime presentMoment()
 {
-    const QDateTime given = qApp->property("presentMoment").toDateTime();
+    const QDateTime given = qApp->property("TalvixDataStatics::currentTime").toDateTime();
     return given.isValid() ? given : QDateTime::currentDateTime();
 }
 

@@ -90,6 +90,33 @@ inline QString callout(const QString &time, const QString &name, const QString &
         + name + QStringLiteral(" &nbsp; ") + value + QStringLiteral(" </p>");
 }
 
+/// What rich text shows.
+inline QString plainText(const QString &richText)
+{
+    QTextDocument document;
+    document.setHtml(richText);
+    return document.toPlainText();
+}
+
+/// Names that rich text could take for something else.
+inline QStringList trickyNames()
+{
+    return {QStringLiteral("Gate & Hall \"Yard\" 'east'"), QStringLiteral("R&amp;D"),
+        QStringLiteral("Gate &lt;1&gt;"), QStringLiteral("&#38;"), QStringLiteral("<b>Gate</b>"),
+        QStringLiteral("<img src=\"x\" width=9999999>"), QStringLiteral("a < b > c"), QStringLiteral("</p>"),
+        QStringLiteral("%1"), QStringLiteral("%3 of %L2, 100%"), QStringLiteral("Gate\n  Hall\tYard"),
+        QString::fromUtf8("大门"), QString::fromUtf8("\u05e9\u05e2\u05e8 <1> \u0628\u0648\u0627\u0628\u0629"),
+        QString::fromUtf8("\xFFGate\xC3", 6), QString(200, QLatin1Char('x'))};
+}
+
+inline void trickyNameRows()
+{
+    QTest::addColumn<QString>("name");
+    const QStringList names = trickyNames();
+    for (const QString &name : names)
+        QTest::addRow("the name \"%s\"", qUtf8Printable(name.simplified().left(30))) << name;
+}
+
 /// What is seen of a text: everything but marks without a width.
 inline QString seen(const QString &text)
 {

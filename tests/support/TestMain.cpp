@@ -1,12 +1,13 @@
 #include "TestMain.h"
 
+#include <page/Clock.h>
+
 #include <QtWidgets/QStyleFactory>
 
 #include <ctime>
 
 namespace {
 
-constexpr const char *presentMomentProperty = "presentMoment";
 // What the tests say holds in other places too; these name one.
 constexpr const char *zoneVariable = "TALVIX_TEST_TIME_ZONE";
 constexpr const char *localeVariable = "TALVIX_TEST_LOCALE";
@@ -51,5 +52,5 @@ QDateTime testMoment()
 
 void setPresentMoment(const QDateTime &moment)
 {
-    qApp->setProperty(presentMomentProperty, moment.isValid() ? moment : testMoment());
+    qApp->setProperty(Clock::currentTimeProperty, moment.isValid() ? moment : testMoment());
 }

@@ -2,11 +2,12 @@
 #include "page/ServiceTypes.h"
 #include "page/Texts.h"
 
-#include "charts/UserData.h"
 #include "ui_BasicChart.h"
+#include "UserData.h"
 
 #include <QtCharts/QBarSet>
 #include <QtCore/QDebug>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTimer>
 #include <QtCore/QVariant>
 #include <QtGui/QCursor>
@@ -22,6 +23,13 @@ constexpr int ascending = 2;
 QString numberText(double value)
 {
     return QStringLiteral("%1").arg(value, 0, 'g', -1, QLatin1Char(' '));
+}
+
+// The call-out is filled in three steps, and the next one must not fill what only looks like its place.
+QString withoutPlaces(QString text)
+{
+    static const QRegularExpression place(QStringLiteral("%(?=L?[0-9])"));
+    return text.replace(place, QStringLiteral("&#37;"));
 }
 
 } // namespace
@@ -60,11 +68,9 @@ void BasicChart::sortBars(bool descend)
         return result;
     };
     barDataList2 = sorted(barDataList2);
-    m_bar2Labels.reset();
     const LabelledValues bars = sorted(barDataList);
     if (bars != barDataList) {
         barDataList = bars;
-        m_barLabels.reset();
         refreshAfterBarSort();
     }
 }
@@ -83,7 +89,7 @@ void BasicChart::refreshAfterBarSort()
 
 void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
 {
-    if (!barset)
+    if (!barset || m_strToolTipFormat.isEmpty())
         return;
     if (!state || index < 0 || index >= barDataList.size()) {
         hideCallout();
@@ -91,11 +97,12 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
     }
     qDebug() << "BasicChart::slotBarSelected index " << index << "size" << barDataList.size();
     const ServiceTypeRow &row = serviceType();
-    const QString time = Texts::inRichText(ui->lineEditTime->text());
+    const QString time = withoutPlaces(Texts::inRichText(ui->lineEditTime->text()));
     if (row.dual()) {
         const QString label = barset->label();
+        const QString shown = withoutPlaces(Texts::inRichText(label));
         showCallout(
-            m_strToolTipFormat.arg(time).arg(label).arg(numberText(barset->at(index))), QCursor::pos());
+            m_strToolTipFormat.arg(time).arg(shown).arg(numberText(barset->at(index))), QCursor::pos());
         if (label != m_strSelectedBar) {
             const QVariant item = barset->property(UserData::propertyName(index).constData());
             if (const UserData *bar = item.value<UserData *>())
@@ -107,7 +114,8 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
     QString figure = numberText(value);
     if (row.calloutInPercent)
         figure += QLatin1Char('%');
-    showCallout(m_strToolTipFormat.arg(time).arg(Texts::inRichText(name)).arg(figure), QCursor::pos());
+    const QString shown = withoutPlaces(Texts::inRichText(name));
+    showCallout(m_strToolTipFormat.arg(time).arg(shown).arg(figure), QCursor::pos());
     if (name != m_strSelectedBar)
         focusBar(name);
 }
@@ -115,7 +123,8 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
 void BasicChart::focusBar(const QString &name)
 {
     m_strSelectedBar = name;
-    m_pTimer->start(focusDelayMs);
+    if (m_pTimer)
+        m_pTimer->start(focusDelayMs);
 }
 
 void BasicChart::slotBarSetChanged(QString &barId)
