@@ -1,4 +1,5 @@
 #include "page/BasicChart.h"
+#include "page/Codes.h"
 #include "page/ServiceTypes.h"
 #include "page/Texts.h"
 
@@ -25,7 +26,6 @@ namespace {
 
 constexpr double widthOfOneBar = 0.075;
 constexpr double widthOfSeveralBars = 0.15;
-constexpr int cameraType = 1;
 
 QBarSet *coloredSet(const char *nameKey, const QColor &colour)
 {
@@ -57,7 +57,7 @@ QList<qreal> asReals(const LabelledValues &list)
 // Anything that is no recorder is drawn as a camera.
 bool isRecorder(int deviceType)
 {
-    if (deviceType == cameraType)
+    if (deviceType == Codes::Camera)
         return false;
     if (KrxClient::instance()->isNVROrDVRDevice(deviceType))
         return true;

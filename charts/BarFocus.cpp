@@ -1,4 +1,5 @@
 #include "page/BasicChart.h"
+#include "page/Codes.h"
 #include "page/ServiceTypes.h"
 #include "page/Texts.h"
 
@@ -17,8 +18,6 @@
 namespace {
 
 constexpr int focusDelayMs = 800;
-constexpr int descending = 1;
-constexpr int ascending = 2;
 
 QString numberText(double value)
 {
@@ -36,7 +35,7 @@ QString withoutPlaces(QString text)
 
 int BasicChart::sortType() const
 {
-    return sortFlag ? descending : ascending;
+    return sortFlag ? Codes::Descending : Codes::Ascending;
 }
 
 void BasicChart::on_pushButtonAsc_clicked()
@@ -112,7 +111,7 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
     }
     const auto &[name, value] = barDataList.at(index);
     QString figure = numberText(value);
-    if (row.calloutInPercent)
+    if (row.has(ServiceTypeRow::CallOutInPercent))
         figure += QLatin1Char('%');
     const QString shown = withoutPlaces(Texts::inRichText(name));
     showCallout(m_strToolTipFormat.arg(time).arg(shown).arg(figure), QCursor::pos());

@@ -71,7 +71,7 @@ void BasicChart::firstLoadCharts()
 {
     loadBarView();
     loadLineView();
-    if (!serviceType().pieless)
+    if (!serviceType().has(ServiceTypeRow::Pieless))
         loadPieView();
     if (!comboBoxPie) {
         comboBoxPie = new QComboBox(pieChartView);
@@ -102,7 +102,7 @@ void BasicChart::loadBarView()
     barChartView = addChartView(barChart());
     auto *column = new QVBoxLayout(ui->widgetBarChart);
     auto *row = new QHBoxLayout;
-    if (serviceType().paged)
+    if (serviceType().has(ServiceTypeRow::Paged))
         addPageButtons(row);
     else
         row->addWidget(barChartView);
@@ -183,30 +183,16 @@ void BasicChart::fillPieModes()
 {
     if (!comboBoxPie)
         return;
-    switch (serviceType().pieModes) {
-    case ServiceTypeRow::PieModes::SnapMajorTypes:
+    const ServiceTypeRow &row = serviceType();
+    if (row.has(ServiceTypeRow::SnapClasses)) {
         offerSnapMajorTypes(openSnapClass());
-        break;
-    case ServiceTypeRow::PieModes::GroupDistribution:
-        offerModes({{"TK_ByEtiology", 2}, {"TK_ByNumber", 1}});
-        comboBoxPie->setCurrentIndex(0);
-        break;
-    case ServiceTypeRow::PieModes::DeviceDistribution: {
-        const int chosen = comboBoxPie->currentIndex();
-        offerModes({{"TK_ByTemperature", 1}, {"TK_ByMask", 2}});
-        comboBoxPie->setCurrentIndex(chosen == 0 || chosen == 1 ? chosen : 0);
-        break;
+    } else if (!row.pieModes.isEmpty()) {
+        const int chosen = row.has(ServiceTypeRow::KeepsPieMode) ? comboBoxPie->currentIndex() : 0;
+        comboBoxPie->clear();
+        for (const PieMode &mode : row.pieModes)
+            comboBoxPie->addItem(Texts::sentence(mode.key), mode.code);
+        comboBoxPie->setCurrentIndex(chosen >= 0 && chosen < row.pieModes.size() ? chosen : 0);
     }
-    case ServiceTypeRow::PieModes::None:
-        break;
-    }
-}
-
-void BasicChart::offerModes(std::initializer_list<std::pair<const char *, int>> modes)
-{
-    comboBoxPie->clear();
-    for (const auto &[key, mode] : modes)
-        comboBoxPie->addItem(Texts::sentence(key), mode);
 }
 
 QChart *BasicChart::barChart()
@@ -236,7 +222,7 @@ void BasicChart::reloadLineAndPieChart()
 {
     const ChartLayouting::UpdatesBlocker blocker(m_chartViewList.mid(LineView));
     replaceChart(LineView, &BasicChart::lineChart);
-    if (!serviceType().pieless)
+    if (!serviceType().has(ServiceTypeRow::Pieless))
         replaceChart(PieView, &BasicChart::createPieChart);
     finishChartChange();
 }

@@ -54,7 +54,7 @@ QString periodText(const QString &label, int timeType)
 void BasicChart::updateChartOverlays()
 {
     const ServiceTypeRow &row = serviceType();
-    if (row.paged) {
+    if (row.has(ServiceTypeRow::Paged)) {
         if (pushButtonNext)
             pushButtonNext->setVisible(m_nCurPage < m_nTotalPage);
         if (pushButtonPrevious)
@@ -64,7 +64,7 @@ void BasicChart::updateChartOverlays()
         updatePieCount();
     if (comboBoxPie) {
         // Without a pie it has no view to lie in, and would open a window of its own.
-        const bool offered = row.pieModes != ServiceTypeRow::PieModes::None && comboBoxPie->parentWidget();
+        const bool offered = row.splitsPie() && comboBoxPie->parentWidget();
         if (offered)
             comboBoxPie->move(pieModePosition);
         comboBoxPie->setVisible(offered);

@@ -114,7 +114,7 @@ QChart *BasicChart::createPieChart()
 QList<std::pair<QString, QString>> BasicChart::appendSlices(QPieSeries &series, int total)
 {
     QList<std::pair<QString, QString>> legendTexts;
-    const bool byClass = serviceType().pieModes == ServiceTypeRow::PieModes::DeviceDistribution;
+    const bool byClass = serviceType().has(ServiceTypeRow::ColoursByClass);
     const QList<QColor> colours = positionColours();
     for (int i = 0; i < pieDataList.size(); ++i) {
         const auto &entry = pieDataList.at(i);
@@ -164,45 +164,58 @@ void BasicChart::slot_switchPieType(int index)
     if (!comboBoxPie)
         return;
     const int mode = comboBoxPie->itemData(index, Qt::UserRole).toInt();
-    switch (serviceType().pieModes) {
-    case ServiceTypeRow::PieModes::SnapMajorTypes:
-        if (snapDetailMap.contains(chosenSnapClass()))
-            setSnapMinorPieList(snapDetailMap.value(chosenSnapClass()), mode);
-        break;
-    case ServiceTypeRow::PieModes::GroupDistribution:
-        switchGroupDistribution(mode);
-        break;
-    case ServiceTypeRow::PieModes::DeviceDistribution:
-        switchDeviceDistribution(mode);
-        break;
-    case ServiceTypeRow::PieModes::None:
-        break;
-    }
+    if (!serviceType().has(ServiceTypeRow::SnapClasses))
+        openPieMode(pieMode(mode));
+    else if (snapDetailMap.contains(chosenSnapClass()))
+        setSnapMinorPieList(snapDetailMap.value(chosenSnapClass()), mode);
     reloadPieChart();
 }
 
-void BasicChart::switchGroupDistribution(int mode)
+void BasicChart::openPieMode(const PieMode *mode)
 {
-    constexpr int byNumber = 1;
-    constexpr int byEtiology = 2;
-    if (mode == byEtiology) {
-        setEtiologyPieList(etiologyDistribution);
-        loadChart();
-    } else if (mode == byNumber) {
-        setNumberPieList(numberDistribution);
+    if (mode)
+        (this->*mode->fill)();
+    if (mode && mode->alone)
         emptyAllCharts();
-    }
+    else if (mode || serviceType().has(ServiceTypeRow::LoadsUnknownPieMode))
+        loadChart();
 }
 
-void BasicChart::switchDeviceDistribution(int mode)
+const BasicChart::PieMode *BasicChart::pieMode(int code) const
 {
-    constexpr int byTemperature = 1;
-    constexpr int byMask = 2;
-    if (mode == byTemperature)
-        setTemperaturePieList(temperatureDistribution);
-    else if (mode == byMask)
-        setMaskPieList(maskDistribution);
-    loadChart();
+    const QList<PieMode> &modes = serviceType().pieModes;
+    const auto known =
+        std::find_if(modes.cbegin(), modes.cend(), [code](const PieMode &mode) { return mode.code == code; });
+    return known == modes.cend() ? nullptr : &*known;
+}
+
+// Before the first load there is no box; its first mode is the one to come.
+const BasicChart::PieMode *BasicChart::chosenPieMode() const
+{
+    if (comboBoxPie)
+        return pieMode(comboBoxPie->currentData(Qt::UserRole).toInt());
+    const QList<PieMode> &modes = serviceType().pieModes;
+    return modes.isEmpty() ? nullptr : &modes.constFirst();
+}
+
+void BasicChart::fillEtiologyPie()
+{
+    setEtiologyPieList(etiologyDistribution);
+}
+
+void BasicChart::fillNumberPie()
+{
+    setNumberPieList(numberDistribution);
+}
+
+void BasicChart::fillTemperaturePie()
+{
+    setTemperaturePieList(temperatureDistribution);
+}
+
+void BasicChart::fillMaskPie()
+{
+    setMaskPieList(maskDistribution);
 }
 
 // Counts by number belong to no bar and no period, so bars and line stand empty until another mode is chosen.

@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int maskMode = 2;
-
 const char *unitKey(int timeType)
 {
     switch (timeType) {
@@ -56,16 +54,13 @@ QString BasicChart::barTitle() const
 QString BasicChart::pieTitle()
 {
     const ServiceTypeRow &row = serviceType();
-    const char *key = row.pieTitleKey;
-    if (row.pieModes == ServiceTypeRow::PieModes::SnapMajorTypes) {
+    if (row.has(ServiceTypeRow::SnapClasses)) {
         // The pie of snapshots stands for no bar by name; the page loses its focus with it.
         m_strSelectedBar = QString();
         qDebug() << " ServiceType unknown";
-    } else if (row.pieModes == ServiceTypeRow::PieModes::DeviceDistribution && comboBoxPie
-        && comboBoxPie->currentData(Qt::UserRole).toInt() == maskMode) {
-        key = "TK_StatisticalDistributionOfMaskSnapshot";
     }
-    return detailTitle(key);
+    const PieMode *mode = chosenPieMode();
+    return detailTitle(mode && mode->titleKey ? mode->titleKey : row.pieTitleKey);
 }
 
 QString BasicChart::detailTitle(const char *key) const

@@ -1,5 +1,6 @@
 #include "page/BasicChart.h"
 #include "page/Clock.h"
+#include "page/Codes.h"
 #include "page/ServiceTypes.h"
 #include "page/Texts.h"
 
@@ -21,8 +22,6 @@
 namespace {
 
 constexpr QPoint pictureOffset(10, 1000);
-constexpr int dismissed = 0;
-constexpr int pdfMode = 0;
 
 // The painter starts before the page size is set: the scale comes from the writer's default page, and the
 // offsets are made for it.
@@ -49,7 +48,7 @@ void writeSnapshot(const QString &fileName, QWidget &page)
 
 void BasicChart::on_pushButtonExport_clicked()
 {
-    if (!serviceType().exportModeAsked) {
+    if (!serviceType().has(ServiceTypeRow::ExportModeAsked)) {
         exportPdf();
         return;
     }
@@ -60,15 +59,15 @@ void BasicChart::on_pushButtonExport_clicked()
     QEventLoop answer;
     connect(m_pExportWidget, &TempResultExportWidget::signalConfirm, &answer, &QEventLoop::exit);
     // A page that goes away while its dialog is open takes the dialog along; nobody would answer then.
-    connect(m_pExportWidget, &QObject::destroyed, &answer, [&answer] { answer.exit(dismissed); });
+    connect(m_pExportWidget, &QObject::destroyed, &answer, [&answer] { answer.exit(Codes::Dismissed); });
     const QPointer<BasicChart> page(this);
     m_pExportWidget->showZrDialog();
     // An application that is quitting answers -1.
-    if (answer.exec(QEventLoop::DialogExec) <= dismissed || !page)
+    if (answer.exec(QEventLoop::DialogExec) <= Codes::Dismissed || !page)
         return;
 
     QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
-    if (m_pExportWidget->getExportMode() == pdfMode)
+    if (m_pExportWidget->getExportMode() == Codes::Pdf)
         exportPdf();
     QGuiApplication::restoreOverrideCursor();
 }

@@ -1,18 +1,12 @@
 #include "TempResultExportWidget.h"
 
+#include "page/Codes.h"
 #include "page/Texts.h"
 #include "ui_TempResultExportWidget.h"
 
 #include <TalvixWidgets/AppStyleHelper.h>
 
 #include <QtGui/QCloseEvent>
-
-namespace {
-
-enum DialogCode : int { Dismissed = 0, Confirmed = 1 };
-enum ExportMode : int { Pdf = 0, Excel = 1 };
-
-} // namespace
 
 TempResultExportWidget::TempResultExportWidget(QWidget *parent)
     : ZrDialog(parent, Qt::Dialog)
@@ -48,13 +42,13 @@ void TempResultExportWidget::retranslateUi()
 
 int TempResultExportWidget::getExportMode() const
 {
-    return ui->radioButtonPDF->isChecked() ? Pdf : Excel;
+    return ui->radioButtonPDF->isChecked() ? Codes::Pdf : Codes::Excel;
 }
 
 void TempResultExportWidget::on_pushButtonOK_clicked()
 {
     closeZrDialog();
-    Q_EMIT signalConfirm(Confirmed);
+    Q_EMIT signalConfirm(Codes::Confirmed);
 }
 
 void TempResultExportWidget::on_pushButtonClose_clicked()
@@ -70,7 +64,7 @@ void TempResultExportWidget::on_pushButtonCancel_clicked()
 void TempResultExportWidget::dismiss()
 {
     closeZrDialog();
-    Q_EMIT signalConfirm(Dismissed);
+    Q_EMIT signalConfirm(Codes::Dismissed);
 }
 
 // The window manager's close must answer as the close button does: somebody is waiting for it.

@@ -38,12 +38,12 @@ void BasicChart::setServiceType(int type)
         qDebug() << "setServiceType type:" << m_serviceType;
     }
     const ServiceTypeRow &row = serviceType();
-    if (row.pieless)
+    if (row.has(ServiceTypeRow::Pieless))
         ui->widgetPie->setVisible(false);
-    if (row.orgTypeHidden)
+    if (row.has(ServiceTypeRow::SumModeHidden))
         ui->comboBoxOrgType->setVisible(false);
-    ui->carRadio->setVisible(row.snapClassShown);
-    ui->personRadio->setVisible(row.snapClassShown);
+    ui->carRadio->setVisible(row.has(ServiceTypeRow::SnapClasses));
+    ui->personRadio->setVisible(row.has(ServiceTypeRow::SnapClasses));
 }
 
 const BasicChart::ServiceTypeRow &BasicChart::serviceType() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Codes.h"
 #include "LabelledValues.h"
 
 #include <TalvixMessages/AlarmStatisticsMessages.h>
@@ -17,7 +18,6 @@
 #include <QtCore/QPoint>
 #include <QtCore/QPointF>
 
-#include <initializer_list>
 #include <list>
 #include <map>
 #include <memory>
@@ -64,14 +64,6 @@ class BasicChart : public BaseWidget
 public:
     using QueryType = ZrCalendarWidget::QueryType;
 
-    /// How a query of a whole level ended.
-    enum QueryResult : int {
-        NoOrganisation = 1, ///< nothing was asked, the tree has no current organisation
-        Failed = 2,         ///< the client refused
-        NoRecords = 3,      ///< the client answered with nothing
-        Success = 4         ///< the data lists are filled
-    };
-
     /// The condition of the last query that was answered page by page.
     struct QueryCondition
     {
@@ -84,10 +76,11 @@ public:
 
     /// What differs from kind to kind; one row for each (`page/ServiceTypes.h`).
     struct ServiceTypeRow;
-    /// What the queries have in common (`statistics/QueryShapes.h`).
-    struct Query;
+    struct PieMode;
+    /// What the requests of several queries have in common (`statistics/Requests.h`).
+    struct Requests;
 
-    explicit BasicChart(QWidget *parent = nullptr, int type = 1);
+    explicit BasicChart(QWidget *parent = nullptr, int type = Codes::AlarmStatisticsOfOrgas);
     ~BasicChart() override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -195,13 +188,13 @@ protected:
 
     // page/TimeSpan.cpp
     void startSpan(QueryType type, const QDateTime &start, const QDateTime &stop);
-    void currentTimeRange(QString &start, QString &end);
+    void currentTimeRange(QString &start, QString &end) const;
 
     // page/Organisation.cpp
     void organizeNodes(QList<NODE> &nodes);
-    int getOrgaID();
+    int getOrgaID() const;
     std::vector<int> getOrgaIDList();
-    bool currentNode(NODE &node);
+    bool currentNode(NODE &node) const;
     bool fillTree(QList<NODE> &nodes);
     void renewTreeTexts();
     void connectTree();
@@ -258,6 +251,7 @@ protected:
     void setTempAlarmBarItem(const int &id, const std::vector<TempAlarmHandleItem> &records);
     void setTempAlarmLineList(const std::vector<TempAlarmHandleItem> &records);
     void setTempAlarmLineItem(const TempAlarmHandleItem &record);
+    void foldOrgaBar(int id, int first, int second);
 
     // statistics/TrafficQueries.cpp
     void drillIntoChannel(const QString &key);
@@ -268,6 +262,7 @@ protected:
     void getSnapDetailPieData(const QString &key, int mode);
     bool getSnapDetailSamples(
         const QString &key, int majorClass, std::vector<SnapDetailMajorItem> &out, int mode);
+    int chosenSnapClass() const;
     void setBarList(const std::vector<SnapTimeSample> &samples);
     void setGroupsBarList(const std::vector<SnapOrgaItem> &items);
     void setTrafficDeviceBarItem(const std::string &uid, const std::vector<SnapTypeCount> &counts);
@@ -281,9 +276,6 @@ protected:
     void setNumberPieList(const std::vector<TempDistributionItem> &items);
     void setSnapMinorPieList(const std::vector<SnapDetailMajorItem> &items, int majorType);
 
-    void foldOrgaBar(int id, int first, int second);
-    int chosenSnapClass() const;
-
     // charts/ChartAssembly.cpp
     void loadChart();
     void firstLoadCharts();
@@ -295,7 +287,6 @@ protected:
     ZrChartView *addChartView(QChart *chart);
     void forgetChartView(const QObject *view);
     void fillPieModes();
-    void offerModes(std::initializer_list<std::pair<const char *, int>> modes);
     QChart *barChart();
     QChart *lineChart();
     void replaceChart(int view, QChart *(BasicChart::*builder)());
@@ -323,8 +314,13 @@ protected:
     QList<std::pair<QString, QString>> appendSlices(QPieSeries &series, int total);
     QList<int> openSnapClass();
     void offerSnapMajorTypes(const QList<int> &majorTypes);
-    void switchGroupDistribution(int mode);
-    void switchDeviceDistribution(int mode);
+    const PieMode *pieMode(int code) const;
+    const PieMode *chosenPieMode() const;
+    void openPieMode(const PieMode *mode);
+    void fillEtiologyPie();
+    void fillNumberPie();
+    void fillTemperaturePie();
+    void fillMaskPie();
     void emptyAllCharts();
 
     // charts/BarFocus.cpp

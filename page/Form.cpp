@@ -1,6 +1,7 @@
 #include "BasicChart.h"
 
 #include "Clock.h"
+#include "Codes.h"
 #include "Texts.h"
 #include "ui_BasicChart.h"
 
@@ -21,14 +22,18 @@ namespace {
 
 constexpr int segmentWidth = 65;
 
-struct OrgTypeItem
+struct SumModeItem
 {
     const char *key;
-    int orgType;
+    Codes::SumMode mode;
 };
 
-constexpr OrgTypeItem orgTypeItems[] = {{"TK_LowSum", 1}, {"TK_AllSum", 2}, {"TK_OnlyCurrent", 3}};
-constexpr int orgTypeAtFirst = 1;
+constexpr SumModeItem sumModeItems[] = {
+    {"TK_LowSum", Codes::LowerLevel},
+    {"TK_AllSum", Codes::AllLevels},
+    {"TK_OnlyCurrent", Codes::OnlyCurrent},
+};
+constexpr int sumModeIndexAtFirst = 1;
 
 } // namespace
 
@@ -41,13 +46,13 @@ void BasicChart::initForm()
 
     ui->pushButtonAsc->setToolTip(Texts::sentence("TK_AscMode"));
     ui->pushButtonDesc->setToolTip(Texts::sentence("TK_DescMode"));
-    for (const auto &item : orgTypeItems) {
+    for (const SumModeItem &item : sumModeItems) {
         ui->comboBoxOrgType->insertItem(
-            ui->comboBoxOrgType->count(), QIcon(), Texts::sentence(item.key), item.orgType);
+            ui->comboBoxOrgType->count(), QIcon(), Texts::sentence(item.key), item.mode);
     }
     ui->carRadio->setText(Texts::button("TK_Vehicle"));
     ui->personRadio->setText(Texts::button("TK_Pedestrian"));
-    ui->comboBoxOrgType->setCurrentIndex(orgTypeAtFirst);
+    ui->comboBoxOrgType->setCurrentIndex(sumModeIndexAtFirst);
 
     connectSearch();
     initFocusDelay();
@@ -144,8 +149,8 @@ void BasicChart::retranslateUi()
 void BasicChart::renewOrgTypeTexts()
 {
     const QSignalBlocker quiet(ui->comboBoxOrgType);
-    for (int i = 0; i < static_cast<int>(std::size(orgTypeItems)); ++i)
-        ui->comboBoxOrgType->setItemText(i, Texts::sentence(orgTypeItems[i].key));
+    for (int i = 0; i < static_cast<int>(std::size(sumModeItems)); ++i)
+        ui->comboBoxOrgType->setItemText(i, Texts::sentence(sumModeItems[i].key));
 }
 
 void BasicChart::setButtonHighlight(ZrPushButton *button, bool on)

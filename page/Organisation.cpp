@@ -1,5 +1,6 @@
 #include "BasicChart.h"
 
+#include "Codes.h"
 #include "ServiceTypes.h"
 #include "Texts.h"
 #include "ui_BasicChart.h"
@@ -16,7 +17,7 @@ constexpr int visibleTreeItems = 25;
 
 void BasicChart::organizeNodes(QList<NODE> &nodes)
 {
-    if (!serviceType().treeLoaded) {
+    if (!serviceType().has(ServiceTypeRow::HasTree)) {
         qDebug() << "ServiceType is default";
         return;
     }
@@ -48,7 +49,7 @@ bool BasicChart::slotOrgaInfoLoad()
 bool BasicChart::fillTree(QList<NODE> &nodes)
 {
     if (nodes.isEmpty()) {
-        setTips(Texts::sentence("TK_orgNotExist"), 2);
+        setTips(Texts::sentence("TK_orgNotExist"), Codes::Warning);
         return false;
     }
     ui->comboBox->addNode(nodes, true);
@@ -84,13 +85,13 @@ void BasicChart::disconnectTree()
     disconnect(ui->comboBox, &QComboBox::currentTextChanged, this, &BasicChart::slotSearch);
 }
 
-bool BasicChart::currentNode(NODE &node)
+bool BasicChart::currentNode(NODE &node) const
 {
     ZrTreeView *tree = ui->comboBox->m_pTreeView;
     return tree && tree->getCurrentItemData(node);
 }
 
-int BasicChart::getOrgaID()
+int BasicChart::getOrgaID() const
 {
     NODE node;
     const int id = currentNode(node) ? node.id : 0;

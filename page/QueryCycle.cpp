@@ -1,6 +1,7 @@
 #include "BasicChart.h"
 
 #include "Clock.h"
+#include "Codes.h"
 #include "ServiceTypes.h"
 #include "Texts.h"
 #include "TimeFormats.h"
@@ -16,6 +17,7 @@
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QLabel>
 
+#include <initializer_list>
 #include <tuple>
 #include <utility>
 
@@ -52,7 +54,7 @@ void BasicChart::startAtFirstShow()
 {
     initForm();
     const QDateTime now = Clock::now();
-    const bool byDays = serviceType().startsByDays;
+    const bool byDays = serviceType().has(ServiceTypeRow::StartsByDays);
     if (byDays) {
         ui->pushButtonHour->setVisible(false);
         startSpan(ZrCalendarWidget::Day, now.addDays(-daysAtFirst), now);
@@ -76,22 +78,22 @@ void BasicChart::slotSearch()
         return;
     qDebug() << "BasicChart::getChartData";
     const int result = (this->*serviceType().query)();
-    if (result != Success)
+    if (result != Codes::Success)
         clearChartData();
 
     switch (result) {
-    case NoOrganisation:
-        setTips(Texts::sentence("TK_orgNotExist"), 2);
+    case Codes::NoOrganisation:
+        setTips(Texts::sentence("TK_orgNotExist"), Codes::Warning);
         break;
-    case Failed:
+    case Codes::Failed:
         setTips(
             Texts::sentence("TK_GetFailed") + KRXClientStatisticsManager::instance()->getLastErrorString(),
-            3);
+            Codes::Failure);
         break;
-    case NoRecords:
-        setTips(Texts::sentence("TK_NoRecords"), 1);
+    case Codes::NoRecords:
+        setTips(Texts::sentence("TK_NoRecords"), Codes::Statement);
         break;
-    case Success:
+    case Codes::Success:
         if (sortFlag)
             on_pushButtonDesc_clicked();
         else
@@ -177,7 +179,7 @@ bool BasicChart::eventFilter(QObject *watched, QEvent *event)
 void BasicChart::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    if (serviceType().pieless)
+    if (serviceType().has(ServiceTypeRow::Pieless))
         return;
     const bool roomForPie =
         height() >= smallestSizeWithPie.height() && width() >= smallestSizeWithPie.width();

@@ -1,70 +1,118 @@
 #include "ServiceTypes.h"
 
-#include <iterator>
+#include "Codes.h"
+
+// The first row is that of any other number.
+std::array<BasicChart::ServiceTypeRow, 10> BasicChart::ServiceTypeRow::rows()
+{
+    std::array<ServiceTypeRow, 10> rows;
+
+    ServiceTypeRow alarms;
+    alarms.figures = Figures::Alarm;
+    alarms.lineTitleKey = "TK_AlarmStatisticsOfNum";
+    alarms.pieTitleKey = "TK_AlarmStatisticsOfType";
+
+    ServiceTypeRow &alarmsOfOrgas = rows[Codes::AlarmStatisticsOfOrgas] = alarms;
+    alarmsOfOrgas.bars = Bars::Organisations;
+    alarmsOfOrgas.traits = HasTree;
+    alarmsOfOrgas.barTitleKey = "TK_AlarmStatisticsOfOrgas";
+
+    ServiceTypeRow &alarmsOfDevices = rows[Codes::AlarmStatisticsOfDevices] = alarms;
+    alarmsOfDevices.query = &BasicChart::getAlarmOfDevices;
+    alarmsOfDevices.drillDown = &BasicChart::getAlarmOfDevice;
+    alarmsOfDevices.bars = Bars::Devices;
+    alarmsOfDevices.traits = HasTree | Paged | SumModeHidden;
+    alarmsOfDevices.series = Series::CamerasAndRecorders;
+    alarmsOfDevices.firstSeriesKey = "TK_IPC";
+    alarmsOfDevices.secondSeriesKey = "TK_NVRAndDVR";
+    alarmsOfDevices.barTitleKey = "TK_AlarmStatisticsOfDevices";
+
+    ServiceTypeRow online;
+    online.figures = Figures::Online;
+    online.lineTitleKey = "TK_OnlineStatisticsOfNum";
+    online.pieTitleKey = "TK_OnlineStatisticsOfType";
+
+    ServiceTypeRow &onlineOfOrgas = rows[Codes::OnlineStatisticsOfOrgas] = online;
+    onlineOfOrgas.query = &BasicChart::getOnlineOfOrgas;
+    onlineOfOrgas.drillDown = &BasicChart::getOnlineOfOrga;
+    onlineOfOrgas.bars = Bars::Organisations;
+    onlineOfOrgas.traits = HasTree | Pieless;
+    onlineOfOrgas.barTitleKey = "TK_OnlineStatisticsOfOrgas";
+
+    ServiceTypeRow &onlineOfDevices = rows[Codes::OnlineStatisticsOfDevices] = online;
+    onlineOfDevices.query = &BasicChart::getOnlineOfDevices;
+    onlineOfDevices.drillDown = &BasicChart::getOnlineOfDevice;
+    onlineOfDevices.bars = Bars::Devices;
+    onlineOfDevices.traits = HasTree | Paged | Pieless | SumModeHidden | CallOutInPercent;
+    onlineOfDevices.series = Series::CamerasAndRecorders;
+    onlineOfDevices.firstSeriesKey = "TK_IPC";
+    onlineOfDevices.secondSeriesKey = "TK_NVRAndDVR";
+    onlineOfDevices.barTitleKey = "TK_OnlineStatisticsOfDevices";
+
+    ServiceTypeRow temperature;
+    temperature.traits = StartsByDays;
+    temperature.axisRule = AxisRule::Digit;
+    temperature.lineTitleKey = "TK_TemperatureStatisticsOfNum";
+    temperature.pieTitleKey = "TK_TemperatureStatisticsOfType";
+
+    ServiceTypeRow &temperatureOfGroups = rows[Codes::TemperatureStatisticsOfGroups] = temperature;
+    temperatureOfGroups.query = &BasicChart::getTemperatureOfGroups;
+    temperatureOfGroups.drillDown = &BasicChart::drillIntoGroup;
+    temperatureOfGroups.pieModes = {
+        {"TK_ByEtiology", Codes::ByEtiology, &BasicChart::fillEtiologyPie},
+        {"TK_ByNumber", Codes::ByNumber, &BasicChart::fillNumberPie, nullptr, true},
+    };
+    temperatureOfGroups.barTitleKey = "TK_TemperatureStatisticsOfNum";
+
+    ServiceTypeRow &temperatureOfPersons = rows[Codes::TemperatureStatisticsOfPersons] = temperature;
+    temperatureOfPersons.query = &BasicChart::getTemperatureOfPersons;
+    temperatureOfPersons.drillDown = &BasicChart::getTemperatureOfPerson;
+    temperatureOfPersons.traits |= Paged | SumModeHidden;
+    temperatureOfPersons.barTitleKey = "TK_TemperatureStatisticsOfPersons";
+
+    ServiceTypeRow traffic;
+    traffic.traits = HasTree | SnapClasses;
+    traffic.series = Series::Two;
+    traffic.firstSeriesKey = "TK_Vehicle";
+    traffic.secondSeriesKey = "TK_Pedestrian";
+    traffic.axisRule = AxisRule::Digit;
+    traffic.barTitleKey = "TK_TrafficsStatisticsOfDevices";
+    traffic.lineTitleKey = "TK_TrafficsStatisticsOfNum";
+    traffic.pieTitleKey = "TK_TrafficsStatisticsOfType";
+
+    ServiceTypeRow &trafficOfOrgas = rows[Codes::TrafficsStatisticsOfOrgas] = traffic;
+    trafficOfOrgas.query = &BasicChart::getTrafficsStatisticsOfOrgas;
+    trafficOfOrgas.drillDown = &BasicChart::getTrafficsStatisticsOfOrgas;
+
+    ServiceTypeRow &trafficOfDevices = rows[Codes::TrafficsStatisticsOfDevices] = traffic;
+    trafficOfDevices.query = &BasicChart::getTrafficsStatisticsOfDevice;
+    trafficOfDevices.drillDown = &BasicChart::drillIntoChannel;
+    trafficOfDevices.traits |= SumModeHidden;
+
+    ServiceTypeRow &deviceGroups = rows[Codes::TemperatureStatisticsOfDevGroups];
+    deviceGroups.query = &BasicChart::getTemperatureStatisticsOfDevGroups;
+    deviceGroups.drillDown = &BasicChart::drillIntoDeviceGroup;
+    deviceGroups.traits =
+        HasTree | SumModeHidden | ExportModeAsked | KeepsPieMode | LoadsUnknownPieMode | ColoursByClass;
+    deviceGroups.series = Series::Two;
+    deviceGroups.firstSeriesKey = "TK_AlarmAccepted";
+    deviceGroups.secondSeriesKey = "TK_AlarmUnAccepted";
+    deviceGroups.axisRule = AxisRule::Digit;
+    deviceGroups.pieModes = {
+        {"TK_ByTemperature", Codes::ByTemperature, &BasicChart::fillTemperaturePie},
+        {"TK_ByMask", Codes::ByMask, &BasicChart::fillMaskPie, "TK_StatisticalDistributionOfMaskSnapshot"},
+    };
+    deviceGroups.barTitleKey = "TK_TemperatureStatisticsOfDevGroups";
+    deviceGroups.lineTitleKey = "TK_TemperatureStatisticsOfNum";
+    deviceGroups.pieTitleKey = "TK_StatisticalDistributionOfBodytemperatureSnapshot";
+
+    return rows;
+}
 
 const BasicChart::ServiceTypeRow &BasicChart::ServiceTypeRow::of(int serviceType)
 {
-    using Row = ServiceTypeRow;
-    using Page = BasicChart;
-    constexpr bool yes = true;
-    constexpr bool no = false;
-
-    // clang-format off
-    static const Row rows[] = {
-        { // any other number
-            &Page::getAlarmOfOrgas, &Page::getAlarmOfOrga, Figures::Other, Bars::Other, no, no,
-            no, no, no, no, no,
-            Series::One, "TK_Organization", nullptr, AxisRule::Hundred, PieModes::None, no,
-            nullptr, nullptr, nullptr},
-        { // AlarmStatisticsOfOrgas
-            &Page::getAlarmOfOrgas, &Page::getAlarmOfOrga, Figures::Alarm, Bars::Organisations, no, yes,
-            no, no, no, no, no,
-            Series::One, "TK_Organization", nullptr, AxisRule::Hundred, PieModes::None, no,
-            "TK_AlarmStatisticsOfOrgas", "TK_AlarmStatisticsOfNum", "TK_AlarmStatisticsOfType"},
-        { // AlarmStatisticsOfDevices
-            &Page::getAlarmOfDevices, &Page::getAlarmOfDevice, Figures::Alarm, Bars::Devices, yes, yes,
-            no, yes, no, no, no,
-            Series::CamerasAndRecorders, "TK_IPC", "TK_NVRAndDVR", AxisRule::Hundred, PieModes::None, no,
-            "TK_AlarmStatisticsOfDevices", "TK_AlarmStatisticsOfNum", "TK_AlarmStatisticsOfType"},
-        { // OnlineStatisticsOfOrgas
-            &Page::getOnlineOfOrgas, &Page::getOnlineOfOrga, Figures::Online, Bars::Organisations, no, yes,
-            yes, no, no, no, no,
-            Series::One, "TK_Organization", nullptr, AxisRule::Hundred, PieModes::None, no,
-            "TK_OnlineStatisticsOfOrgas", "TK_OnlineStatisticsOfNum", "TK_OnlineStatisticsOfType"},
-        { // OnlineStatisticsOfDevices
-            &Page::getOnlineOfDevices, &Page::getOnlineOfDevice, Figures::Online, Bars::Devices, yes, yes,
-            yes, yes, no, no, no,
-            Series::CamerasAndRecorders, "TK_IPC", "TK_NVRAndDVR", AxisRule::Hundred, PieModes::None, yes,
-            "TK_OnlineStatisticsOfDevices", "TK_OnlineStatisticsOfNum", "TK_OnlineStatisticsOfType"},
-        { // TemperatureStatisticsOfGroups
-            &Page::getTemperatureOfGroups, &Page::drillIntoGroup, Figures::Other, Bars::Other, no, no,
-            no, no, no, yes, no,
-            Series::One, "TK_Organization", nullptr, AxisRule::Digit, PieModes::GroupDistribution, no,
-            "TK_TemperatureStatisticsOfNum", "TK_TemperatureStatisticsOfNum", "TK_TemperatureStatisticsOfType"},
-        { // TemperatureStatisticsOfPersons
-            &Page::getTemperatureOfPersons, &Page::getTemperatureOfPerson, Figures::Other, Bars::Other, yes, no,
-            no, yes, no, yes, no,
-            Series::One, "TK_Organization", nullptr, AxisRule::Digit, PieModes::None, no,
-            "TK_TemperatureStatisticsOfPersons", "TK_TemperatureStatisticsOfNum", "TK_TemperatureStatisticsOfType"},
-        { // TrafficsStatisticsOfOrgas
-            &Page::getTrafficsStatisticsOfOrgas, &Page::getTrafficsStatisticsOfOrgas, Figures::Other, Bars::Other, no, yes,
-            no, no, yes, no, no,
-            Series::Two, "TK_Vehicle", "TK_Pedestrian", AxisRule::Digit, PieModes::SnapMajorTypes, no,
-            "TK_TrafficsStatisticsOfDevices", "TK_TrafficsStatisticsOfNum", "TK_TrafficsStatisticsOfType"},
-        { // TrafficsStatisticsOfDevices
-            &Page::getTrafficsStatisticsOfDevice, &Page::drillIntoChannel, Figures::Other, Bars::Other, no, yes,
-            no, yes, yes, no, no,
-            Series::Two, "TK_Vehicle", "TK_Pedestrian", AxisRule::Digit, PieModes::SnapMajorTypes, no,
-            "TK_TrafficsStatisticsOfDevices", "TK_TrafficsStatisticsOfNum", "TK_TrafficsStatisticsOfType"},
-        { // TemperatureStatisticsOfDevGroups
-            &Page::getTemperatureStatisticsOfDevGroups, &Page::drillIntoDeviceGroup, Figures::Other, Bars::Other, no, yes,
-            no, yes, no, no, yes,
-            Series::Two, "TK_AlarmAccepted", "TK_AlarmUnAccepted", AxisRule::Digit, PieModes::DeviceDistribution, no,
-            "TK_TemperatureStatisticsOfDevGroups", "TK_TemperatureStatisticsOfNum",
-            "TK_StatisticalDistributionOfBodytemperatureSnapshot"},
-    };
-    // clang-format on
-
-    const bool known = serviceType >= 1 && serviceType < static_cast<int>(std::size(rows));
-    return rows[known ? serviceType : 0];
+    static const std::array<ServiceTypeRow, 10> known = rows();
+    const bool isKnown = serviceType >= Codes::AlarmStatisticsOfOrgas
+        && serviceType <= Codes::TemperatureStatisticsOfDevGroups;
+    return known[isKnown ? static_cast<std::size_t>(serviceType) : 0];
 }

@@ -1,6 +1,7 @@
 #include "BasicChart.h"
 
 #include "Clock.h"
+#include "Codes.h"
 #include "Texts.h"
 #include "TimeFormats.h"
 #include "ui_BasicChart.h"
@@ -48,7 +49,7 @@ void BasicChart::slotDataTimeChanged(QDateTime startTime, QDateTime stopTime, Qu
 {
     const auto span = TimeFormats::limited(startTime, stopTime, type, Clock::now().date());
     if (span.tip)
-        setTips(Texts::sentence(span.tip), 2);
+        setTips(Texts::sentence(span.tip), Codes::Warning);
     ui->lineEditTime->setText(TimeFormats::spanText(startTime, span.stop, TimeFormats::display(type)));
 }
 
@@ -76,7 +77,7 @@ void BasicChart::showZrCalendarWidget(bool)
         QDateTime::fromString(times.at(0), format), QDateTime::fromString(times.at(1), format));
 }
 
-void BasicChart::currentTimeRange(QString &start, QString &end)
+void BasicChart::currentTimeRange(QString &start, QString &end) const
 {
     const QStringList times = TimeFormats::spanParts(ui->lineEditTime->text());
     const QString requested = TimeFormats::request(m_nTimeType);

@@ -6,6 +6,7 @@ target_sources(TalvixDataStaticsObjects PRIVATE
     ${PROJECT_SOURCE_DIR}/page/BasicChart.ui
     ${PROJECT_SOURCE_DIR}/page/Clock.cpp
     ${PROJECT_SOURCE_DIR}/page/Clock.h
+    ${PROJECT_SOURCE_DIR}/page/Codes.h
     ${PROJECT_SOURCE_DIR}/page/Form.cpp
     ${PROJECT_SOURCE_DIR}/page/LabelledValues.cpp
     ${PROJECT_SOURCE_DIR}/page/LabelledValues.h

@@ -1,5 +1,6 @@
 #include "DataStaticsWidget.h"
 
+#include "page/Codes.h"
 #include "page/Texts.h"
 #include "ui_DataStaticsWidget.h"
 
@@ -26,10 +27,10 @@ DataStaticsWidget::~DataStaticsWidget()
 
 void DataStaticsWidget::initForm()
 {
-    ui->tabOrganization->setServiceType(1);
-    ui->tabDevice->setServiceType(2);
-    ui->tabOrganizationOnline->setServiceType(3);
-    ui->tabDeviceOnline->setServiceType(4);
+    ui->tabOrganization->setServiceType(Codes::AlarmStatisticsOfOrgas);
+    ui->tabDevice->setServiceType(Codes::AlarmStatisticsOfDevices);
+    ui->tabOrganizationOnline->setServiceType(Codes::OnlineStatisticsOfOrgas);
+    ui->tabDeviceOnline->setServiceType(Codes::OnlineStatisticsOfDevices);
     ui->tabWidget->setCurrentIndex(0);
     retranslateUi();
 }
@@ -52,6 +53,6 @@ void DataStaticsWidget::setDataStaticType(DataStaticType)
     BaseHelper::getInstance()->adjustTabWidgetViewWidth(ui->tabWidget, tabWidth);
 }
 
-// Hosts have called it for their own styles since the first version; there is nothing of ours to style.
+// Kept in the interface: the tabs look as the style sheet of the host says.
 void DataStaticsWidget::initCustomStyle()
 { }

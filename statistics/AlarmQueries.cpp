@@ -1,52 +1,79 @@
-#include "QueryShapes.h"
+#include "Requests.h"
 
 int BasicChart::getAlarmOfOrgas()
 {
     qDebug() << "BasicChart::getAlarmOfOrgas";
     TalvixGetAlarmStatisticsOfOrgasRequestMessage request;
-    if (!Query::fillOrgasRequest(*this, request, "BasicChart::getAlarmOfOrgas No Suborganization"))
-        return NoOrganisation;
-    using Response = TalvixGetAlarmStatisticsOfOrgasResponseMessage;
-    return Query::wholeLevel<Response>(&KRXClientStatisticsManager::getAlarmStatisticsOfOrgas, request,
-        &Response::records, "BasicChart::getAlarmOfOrgas fail",
-        "BasicChart::getAlarmOfOrgas records is empty",
-        [this](const Response &response) { setBarList(response.records); });
+    if (!Requests::fillOrgas(*this, request)) {
+        qDebug() << "BasicChart::getAlarmOfOrgas No Suborganization";
+        return Codes::NoOrganisation;
+    }
+    TalvixGetAlarmStatisticsOfOrgasResponseMessage response;
+    if (!Requests::manager()->getAlarmStatisticsOfOrgas(request, response)) {
+        qDebug() << "BasicChart::getAlarmOfOrgas fail" << Requests::lastError();
+        return Codes::Failed;
+    }
+    if (response.records.empty()) {
+        qDebug() << "BasicChart::getAlarmOfOrgas records is empty";
+        return Codes::NoRecords;
+    }
+    setBarList(response.records);
+    return Codes::Success;
 }
 
 int BasicChart::getAlarmOfDevices()
 {
     qDebug() << "BasicChart::getAlarmOfDevices";
     TalvixGetAlarmStatisticsOfDevicesRequestMessage request;
-    Query::fillDevicesRequest(*this, request);
-    using Response = TalvixGetAlarmStatisticsOfDevicesResponseMessage;
-    return Query::wholeLevel<Response>(&KRXClientStatisticsManager::getAlarmStatisticsOfDevices, request,
-        &Response::records, "BasicChart::getAlarmOfDevices fail",
-        "BasicChart::getAlarmOfDevices records is empty", [this](const Response &response) {
-            setPageInfo(response.totalPage, response.curPage);
-            setBarList(response.records);
-        });
+    Requests::fillDevices(*this, request);
+    TalvixGetAlarmStatisticsOfDevicesResponseMessage response;
+    if (!Requests::manager()->getAlarmStatisticsOfDevices(request, response)) {
+        qDebug() << "BasicChart::getAlarmOfDevices fail" << Requests::lastError();
+        return Codes::Failed;
+    }
+    if (response.records.empty()) {
+        qDebug() << "BasicChart::getAlarmOfDevices records is empty";
+        return Codes::NoRecords;
+    }
+    setPageInfo(response.totalPage, response.curPage);
+    setBarList(response.records);
+    return Codes::Success;
 }
 
 void BasicChart::getAlarmOfOrga(const QString &key)
 {
     qDebug() << "getAlarmOfOrga by key" << key;
     TalvixGetAlarmStatisticsOfOrgaRequestMessage request;
-    Query::fillOrgaRequest(*this, request, key);
-    using Response = TalvixGetAlarmStatisticsOfOrgaResponseMessage;
-    Query::byKey<Response>(*this, &KRXClientStatisticsManager::getAlarmStatisticsOfOrga, request,
-        &Response::records, "BasicChart::AlarmOfOrga fail", "getAlarmOfOrga is empty   dispaly req",
-        [this](const auto &records) { setPieAndLineList(records); });
+    Requests::fillOrga(*this, request, key);
+    TalvixGetAlarmStatisticsOfOrgaResponseMessage response;
+    if (!Requests::manager()->getAlarmStatisticsOfOrga(request, response)) {
+        Requests::tipFailed(*this);
+        qDebug() << "BasicChart::AlarmOfOrga fail" << Requests::lastError();
+        return;
+    }
+    if (response.records.empty()) {
+        Requests::tipNoRecords(*this);
+        qDebug() << "getAlarmOfOrga is empty   dispaly req";
+        return;
+    }
+    setPieAndLineList(response.records);
 }
 
 void BasicChart::getAlarmOfDevice(const QString &key)
 {
     qDebug() << "getAlarmOfDevice by key" << key;
     TalvixGetAlarmStatisticsOfDeviceRequestMessage request;
-    Query::setSpan(*this, request);
-    request.timeType = m_nTimeType;
-    request.setUID(key.toStdString());
-    using Response = TalvixGetAlarmStatisticsOfDeviceResponseMessage;
-    Query::byKey<Response>(*this, &KRXClientStatisticsManager::getAlarmStatisticsOfDevice, request,
-        &Response::records, "BasicChart::getAlarmOfDevice fail", " getAlarmOfDevice is empty",
-        [this](const auto &records) { setPieAndLineList(records); });
+    Requests::fillDevice(*this, request, key);
+    TalvixGetAlarmStatisticsOfDeviceResponseMessage response;
+    if (!Requests::manager()->getAlarmStatisticsOfDevice(request, response)) {
+        Requests::tipFailed(*this);
+        qDebug() << "BasicChart::getAlarmOfDevice fail" << Requests::lastError();
+        return;
+    }
+    if (response.records.empty()) {
+        Requests::tipNoRecords(*this);
+        qDebug() << " getAlarmOfDevice is empty";
+        return;
+    }
+    setPieAndLineList(response.records);
 }

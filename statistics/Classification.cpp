@@ -1,10 +1,10 @@
 #include "page/BasicChart.h"
+#include "page/Codes.h"
 #include "page/Texts.h"
 
 #include <TalvixWidgets/AppTranslationHelper.h>
 
 #include <algorithm>
-#include <initializer_list>
 
 namespace {
 
@@ -17,16 +17,16 @@ struct ClassText
 };
 
 constexpr ClassText temperatureClasses[] = {
-    {0, "TK_NormalTemperature"},
-    {1, "TK_OvertemperatureOfHighTemperature"},
-    {2, "TK_LowTemp"},
-    {3, "TK_AbnormalTemperature"},
+    {Codes::NormalTemperature, "TK_NormalTemperature"},
+    {Codes::HighTemperature, "TK_OvertemperatureOfHighTemperature"},
+    {Codes::LowTemperature, "TK_LowTemp"},
+    {Codes::AbnormalTemperature, "TK_AbnormalTemperature"},
 };
 
 constexpr ClassText maskClasses[] = {
-    {0, "TK_MaskUndetected"},
-    {1, "TK_MaskWeared"},
-    {2, "TK_MaskUncovered"},
+    {Codes::MaskUndetected, "TK_MaskUndetected"},
+    {Codes::MaskWorn, "TK_MaskWeared"},
+    {Codes::MaskUncovered, "TK_MaskUncovered"},
 };
 
 // One slice for each record of a known class, also for a count of 0; equal classes stay apart.

@@ -1,18 +1,13 @@
-#include "QueryShapes.h"
+#include "Requests.h"
+
+#include "page/ServiceTypes.h"
 
 #include <QtCore/QCalendar>
 #include <QtCore/QDateTime>
-#include <QtWidgets/QComboBox>
 
 #include <stdexcept>
 
 namespace {
-
-enum DistributionOfGroups : int { ByNumber = 1, ByEtiology = 2 };
-enum DistributionOfDevGroups : int { ByTemperature = 1, ByMask = 2 };
-enum HandleState : int { NotAccepted = 0, Accepted = 2 };
-
-constexpr int alarmHandling = 1;
 
 // Months of device groups are asked for by their first day.
 QString firstDayOfMonth(const QString &month)
@@ -34,49 +29,46 @@ int firstOf(const std::vector<int> &organisations)
 void BasicChart::drillIntoGroup(const QString &key)
 {
     getTemperatureOfGroup(key);
-    getTempStatisticsDistributionOfGroups(key, ByEtiology);
-    getTempStatisticsDistributionOfGroups(key, ByNumber);
+    getTempStatisticsDistributionOfGroups(key, Codes::ByEtiology);
+    getTempStatisticsDistributionOfGroups(key, Codes::ByNumber);
     if (etiologyDistribution.empty() && numberDistribution.empty())
-        Query::tipNoRecords(*this);
+        Requests::tipNoRecords(*this);
     else
         setEtiologyPieList(etiologyDistribution);
 }
 
 void BasicChart::drillIntoDeviceGroup(const QString &key)
 {
-    getTemperatureStatisticsOfDevGroups(key, ByTemperature);
-    getTemperatureStatisticsOfDevGroups(key, ByMask);
+    getTemperatureStatisticsOfDevGroups(key, Codes::ByTemperature);
+    getTemperatureStatisticsOfDevGroups(key, Codes::ByMask);
     if (temperatureDistribution.empty() && maskDistribution.empty()) {
-        Query::tipNoRecords(*this);
+        Requests::tipNoRecords(*this);
         return;
     }
-    const int mode = comboBoxPie ? comboBoxPie->currentData(Qt::UserRole).toInt() : ByTemperature;
-    if (mode == ByTemperature)
-        setTemperaturePieList(temperatureDistribution);
-    else if (mode == ByMask)
-        setMaskPieList(maskDistribution);
+    if (const PieMode *mode = chosenPieMode())
+        (this->*mode->fill)();
 }
 
 // A refused call leaves the answer of an earlier bar in place, and the pie shows it.
 void BasicChart::getTempStatisticsDistributionOfGroups(const QString &key, int queryType)
 {
     TalvixGetTempStatisticsDistributionOfGroupsRequestMessage request;
-    Query::setSpan(*this, request);
+    Requests::setSpan(*this, request);
     request.userId = m_curUser.get_id();
     request.timeType = m_nTimeType;
     request.queryType = queryType;
     request.setPersonGorupIDList({key.toInt()});
     request.orgType = selectedOrgType();
     TalvixGetTempStatisticsDistributionOfGroupsResponseMessage response;
-    if (!Query::ask(&KRXClientStatisticsManager::getTempStatisticsDistributionOfGroups, request, response)) {
-        Query::tipFailed(*this);
-        qDebug() << "BasicChart::getTempStatisticsDistributionOfGroups fail" << Query::lastError();
+    if (!Requests::manager()->getTempStatisticsDistributionOfGroups(request, response)) {
+        Requests::tipFailed(*this);
+        qDebug() << "BasicChart::getTempStatisticsDistributionOfGroups fail" << Requests::lastError();
         return;
     }
-    if (queryType != ByNumber && queryType != ByEtiology)
+    if (queryType != Codes::ByNumber && queryType != Codes::ByEtiology)
         return;
-    auto &distribution = queryType == ByNumber ? numberDistribution : etiologyDistribution;
-    distribution = queryType == ByNumber ? response.byNumberList : response.byEtiologyList;
+    auto &distribution = queryType == Codes::ByNumber ? numberDistribution : etiologyDistribution;
+    distribution = queryType == Codes::ByNumber ? response.byNumberList : response.byEtiologyList;
     if (distribution.empty())
         qDebug() << "getTempStatisticsDistributionOfGroups records is empty";
     else
@@ -105,22 +97,22 @@ StatisticsQueryOfOrga BasicChart::deviceGroupQuery(int queryType)
 int BasicChart::getTemperatureStatisticsOfDevGroups()
 {
     TalvixGetTempAlarmHandleStatisticsOfOrgaRequestMessage request;
-    request.setQueryStatisticsOfOrga(deviceGroupQuery(alarmHandling));
+    request.setQueryStatisticsOfOrga(deviceGroupQuery(Codes::AlarmHandling));
     TalvixGetTempAlarmHandleStatisticsOfOrgaResponseMessage response;
-    if (!Query::ask(&KRXClientStatisticsManager::getTempAlarmHandleStatistics, request, response)) {
-        qDebug() << "BasicChart::getTemperatureStatisticsOfDevGroups fail" << Query::lastError();
-        return Failed;
+    if (!Requests::manager()->getTempAlarmHandleStatistics(request, response)) {
+        qDebug() << "BasicChart::getTemperatureStatisticsOfDevGroups fail" << Requests::lastError();
+        return Codes::Failed;
     }
     tempAlarmHandleList = response.handleList;
     if (tempAlarmHandleList.empty()) {
         qDebug() << "BasicChart::getTemperatureStatisticsOfDevGroups records is empty";
-        return NoRecords;
+        return Codes::NoRecords;
     }
     clearBarChartData();
     setTempAlarmBarItem(firstOf(getOrgaIDList()), tempAlarmHandleList);
     if (!openFirstBar())
         qDebug() << "setGroupsBarList is empty";
-    return Success;
+    return Codes::Success;
 }
 
 void BasicChart::setTempAlarmBarItem(const int &id, const std::vector<TempAlarmHandleItem> &records)
@@ -128,9 +120,9 @@ void BasicChart::setTempAlarmBarItem(const int &id, const std::vector<TempAlarmH
     int accepted = 0;
     int notAccepted = 0;
     for (const TempAlarmHandleItem &record : records) {
-        if (record.handleState == Accepted)
+        if (record.handleState == Codes::Accepted)
             accepted = wrappingSum(accepted, record.count);
-        else if (record.handleState == NotAccepted)
+        else if (record.handleState == Codes::NotAccepted)
             notAccepted = wrappingSum(notAccepted, record.count);
     }
     foldOrgaBar(id, accepted, notAccepted);
@@ -154,14 +146,14 @@ void BasicChart::getTemperatureStatisticsOfDevGroups(const QString &, int queryT
     TalvixGetTempStatisticsDistributionOfOrgasRequestMessage request;
     request.setQueryStatisticsOfOrga(deviceGroupQuery(queryType));
     TalvixGetTempStatisticsDistributionOfOrgasResponseMessage response;
-    if (!Query::ask(&KRXClientStatisticsManager::getTemperatureOfDevice, request, response)) {
-        qDebug() << "BasicChart::getTemperatureStatisticsOfDevGroups fail" << Query::lastError();
+    if (!Requests::manager()->getTemperatureOfDevice(request, response)) {
+        qDebug() << "BasicChart::getTemperatureStatisticsOfDevGroups fail" << Requests::lastError();
         return;
     }
-    if (queryType != ByTemperature && queryType != ByMask)
+    if (queryType != Codes::ByTemperature && queryType != Codes::ByMask)
         return;
-    auto &distribution = queryType == ByTemperature ? temperatureDistribution : maskDistribution;
-    distribution = queryType == ByTemperature ? response.byTemperatureList : response.byMaskList;
+    auto &distribution = queryType == Codes::ByTemperature ? temperatureDistribution : maskDistribution;
+    distribution = queryType == Codes::ByTemperature ? response.byTemperatureList : response.byMaskList;
     if (distribution.empty())
         qDebug() << "BasicChart::getTemperatureStatisticsOfDevGroups records is empty";
 }
@@ -176,6 +168,6 @@ void BasicChart::setTempAlarmLineList(const std::vector<TempAlarmHandleItem> &re
 void BasicChart::setTempAlarmLineItem(const TempAlarmHandleItem &record)
 {
     const QString time = QString::fromStdString(record.time);
-    m_lineIndex.fold(lineDataList, time, record.handleState == Accepted ? record.count : 0);
-    m_lineIndex2.fold(lineDataList2, time, record.handleState == NotAccepted ? record.count : 0);
+    m_lineIndex.fold(lineDataList, time, record.handleState == Codes::Accepted ? record.count : 0);
+    m_lineIndex2.fold(lineDataList2, time, record.handleState == Codes::NotAccepted ? record.count : 0);
 }

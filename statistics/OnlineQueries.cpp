@@ -1,4 +1,4 @@
-#include "QueryShapes.h"
+#include "Requests.h"
 
 #include "page/TimeFormats.h"
 #include "ui_BasicChart.h"
@@ -7,38 +7,59 @@ int BasicChart::getOnlineOfOrgas()
 {
     qDebug() << "BasicChart::getOnlineOfOrgas";
     TalvixGetOnlineStatisticsOfOrgasRequestMessage request;
-    if (!Query::fillOrgasRequest(*this, request, "BasicChart::getOnlineOfOrgas No Suborganization"))
-        return NoOrganisation;
-    using Response = TalvixGetOnlineStatisticsOfOrgasResponseMessage;
-    return Query::wholeLevel<Response>(&KRXClientStatisticsManager::getOnlineStatisticsOfOrgas, request,
-        &Response::records, "BasicChart::getOnlineOfOrgas fail",
-        "BasicChart::getOnlineOfOrgas records is empty",
-        [this](const Response &response) { setOnlineBarList(response.records); });
+    if (!Requests::fillOrgas(*this, request)) {
+        qDebug() << "BasicChart::getOnlineOfOrgas No Suborganization";
+        return Codes::NoOrganisation;
+    }
+    TalvixGetOnlineStatisticsOfOrgasResponseMessage response;
+    if (!Requests::manager()->getOnlineStatisticsOfOrgas(request, response)) {
+        qDebug() << "BasicChart::getOnlineOfOrgas fail" << Requests::lastError();
+        return Codes::Failed;
+    }
+    if (response.records.empty()) {
+        qDebug() << "BasicChart::getOnlineOfOrgas records is empty";
+        return Codes::NoRecords;
+    }
+    setOnlineBarList(response.records);
+    return Codes::Success;
 }
 
 int BasicChart::getOnlineOfDevices()
 {
     qDebug() << "BasicChart::getOnlineOfDevices";
     TalvixGetOnlineStatisticsOfDevicesRequestMessage request;
-    Query::fillDevicesRequest(*this, request);
-    using Response = TalvixGetOnlineStatisticsOfDevicesResponseMessage;
-    return Query::wholeLevel<Response>(&KRXClientStatisticsManager::getOnlineStatisticsOfDevices, request,
-        &Response::records, "BasicChart::getOnlineOfDevices fail",
-        "BasicChart::getOnlineOfDevices records is empty", [this](const Response &response) {
-            setPageInfo(response.totalPage, response.curPage);
-            setOnlineBarList(response.records);
-        });
+    Requests::fillDevices(*this, request);
+    TalvixGetOnlineStatisticsOfDevicesResponseMessage response;
+    if (!Requests::manager()->getOnlineStatisticsOfDevices(request, response)) {
+        qDebug() << "BasicChart::getOnlineOfDevices fail" << Requests::lastError();
+        return Codes::Failed;
+    }
+    if (response.records.empty()) {
+        qDebug() << "BasicChart::getOnlineOfDevices records is empty";
+        return Codes::NoRecords;
+    }
+    setPageInfo(response.totalPage, response.curPage);
+    setOnlineBarList(response.records);
+    return Codes::Success;
 }
 
 void BasicChart::getOnlineOfOrga(const QString &key)
 {
     qDebug() << "getOnlineOfOrga by key" << key;
     TalvixGetOnlineStatisticsOfOrgaRequestMessage request;
-    Query::fillOrgaRequest(*this, request, key);
-    using Response = TalvixGetOnlineStatisticsOfOrgaResponseMessage;
-    Query::byKey<Response>(*this, &KRXClientStatisticsManager::getOnlineStatisticsOfOrga, request,
-        &Response::records, "BasicChart::getBarData fail", "getOnlineOfOrga is empty",
-        [this](const auto &records) { setOnlinePieAndLineList(records); });
+    Requests::fillOrga(*this, request, key);
+    TalvixGetOnlineStatisticsOfOrgaResponseMessage response;
+    if (!Requests::manager()->getOnlineStatisticsOfOrga(request, response)) {
+        Requests::tipFailed(*this);
+        qDebug() << "BasicChart::getBarData fail" << Requests::lastError();
+        return;
+    }
+    if (response.records.empty()) {
+        Requests::tipNoRecords(*this);
+        qDebug() << "getOnlineOfOrga is empty";
+        return;
+    }
+    setOnlinePieAndLineList(response.records);
 }
 
 // The log of this query names the alarm query in two places; support reads it by these words.
@@ -47,19 +68,17 @@ void BasicChart::getOnlineOfDevice(const QString &key)
     if (TimeFormats::spanParts(ui->lineEditTime->text()).size() != 2)
         return;
     TalvixGetOnlineStatisticsOfDeviceRequestMessage request;
-    Query::setSpan(*this, request);
-    request.timeType = m_nTimeType;
-    request.setUID(key.toStdString());
+    Requests::fillDevice(*this, request, key);
     qDebug() << " before BasicChart::getOnlineOfDevice";
     TalvixGetOnlineStatisticsOfDeviceResponseMessage response;
-    if (!Query::ask(&KRXClientStatisticsManager::getOnlineStatisticsOfDevice, request, response)) {
-        Query::tipFailed(*this);
-        qDebug() << "BasicChart::getAlarmOfDevice fail" << Query::lastError();
+    if (!Requests::manager()->getOnlineStatisticsOfDevice(request, response)) {
+        Requests::tipFailed(*this);
+        qDebug() << "BasicChart::getAlarmOfDevice fail" << Requests::lastError();
         return;
     }
     qDebug() << "BasicChart::getOnlineOfDevice success";
     if (response.records.empty()) {
-        Query::tipNoRecords(*this);
+        Requests::tipNoRecords(*this);
         qDebug() << "getAlarmOfDevice is empty";
         return;
     }

@@ -1,4 +1,4 @@
-#include "QueryShapes.h"
+#include "Requests.h"
 
 #include <TalvixWidgets/AppTranslationHelper.h>
 
@@ -12,70 +12,93 @@ int BasicChart::getTemperatureOfGroups()
 {
     qDebug() << "BasicChart::getTemperatureOfGroups";
     TalvixGetTemperatureStatisticsOfGroupsRequestMessage request;
-    Query::setSpan(*this, request);
+    Requests::setSpan(*this, request);
     request.userId = m_curUser.get_id();
     request.sortType = sortType();
     request.orgType = selectedOrgType();
     const std::vector<int> organisations = getOrgaIDList();
     if (organisations.empty()) {
         qDebug() << "BasicChart::getTemperatureOfGroups No Suborganization";
-        return NoOrganisation;
+        return Codes::NoOrganisation;
     }
     request.setPersonGorupIDList(organisations);
     request.timeType = m_nTimeType;
-    using Response = TalvixGetTemperatureStatisticsOfGroupsResponseMessage;
-    return Query::wholeLevel<Response>(&KRXClientStatisticsManager::getTemperatureStatisticsOfGroups, request,
-        &Response::statisticsList, "BasicChart::getTemperatureOfGroups fail",
-        "BasicChart::getTemperatureOfGroups records is empty",
-        [this](const Response &response) { setGroupsBarList(response.statisticsList); });
+    TalvixGetTemperatureStatisticsOfGroupsResponseMessage response;
+    if (!Requests::manager()->getTemperatureStatisticsOfGroups(request, response)) {
+        qDebug() << "BasicChart::getTemperatureOfGroups fail" << Requests::lastError();
+        return Codes::Failed;
+    }
+    if (response.statisticsList.empty()) {
+        qDebug() << "BasicChart::getTemperatureOfGroups records is empty";
+        return Codes::NoRecords;
+    }
+    setGroupsBarList(response.statisticsList);
+    return Codes::Success;
 }
 
 int BasicChart::getTemperatureOfPersons()
 {
     qDebug() << " BasicChart::getTemperatureOfPersons";
     TalvixGetTemperatureStatisticsOfPersonsRequestMessage request;
-    Query::fillDevicesRequest(*this, request);
-    using Response = TalvixGetTemperatureStatisticsOfPersonsResponseMessage;
-    return Query::wholeLevel<Response>(&KRXClientStatisticsManager::getTemperatureStatisticsOfPersons,
-        request, &Response::statisticsList, "BasicChart::getTemperatureOfPersons fail",
-        "BasicChart::getTemperatureOfPersons records is empty", [this](const Response &response) {
-            setPageInfo(response.totalPage, response.curPage);
-            setPersonsBarList(response.statisticsList);
-        });
+    Requests::fillDevices(*this, request);
+    TalvixGetTemperatureStatisticsOfPersonsResponseMessage response;
+    if (!Requests::manager()->getTemperatureStatisticsOfPersons(request, response)) {
+        qDebug() << "BasicChart::getTemperatureOfPersons fail" << Requests::lastError();
+        return Codes::Failed;
+    }
+    if (response.statisticsList.empty()) {
+        qDebug() << "BasicChart::getTemperatureOfPersons records is empty";
+        return Codes::NoRecords;
+    }
+    setPageInfo(response.totalPage, response.curPage);
+    setPersonsBarList(response.statisticsList);
+    return Codes::Success;
 }
 
 void BasicChart::getTemperatureOfGroup(const QString &key)
 {
     qDebug() << "getTemperatureOfGroup";
     TalvixGetTemperatureStatisticsOfGroupRequestMessage request;
-    Query::setSpan(*this, request);
+    Requests::setSpan(*this, request);
     request.userId = m_curUser.get_id();
     request.groupId = key.toInt();
     request.timeType = m_nTimeType;
     request.orgType = selectedOrgType();
-    using Response = TalvixGetTemperatureStatisticsOfGroupResponseMessage;
-    Query::byKey<Response>(*this, &KRXClientStatisticsManager::getTemperatureStatisticsOfGroup, request,
-        &Response::statisticsList, "BasicChart::getTemperatureOfGroup fail",
-        "getTemperatureOfGroup records is empty", [this](const auto &items) {
-            qDebug() << "getTemperatureOfGroup success";
-            setGroupLineList(items);
-        });
+    TalvixGetTemperatureStatisticsOfGroupResponseMessage response;
+    if (!Requests::manager()->getTemperatureStatisticsOfGroup(request, response)) {
+        Requests::tipFailed(*this);
+        qDebug() << "BasicChart::getTemperatureOfGroup fail" << Requests::lastError();
+        return;
+    }
+    if (response.statisticsList.empty()) {
+        Requests::tipNoRecords(*this);
+        qDebug() << "getTemperatureOfGroup records is empty";
+        return;
+    }
+    qDebug() << "getTemperatureOfGroup success";
+    setGroupLineList(response.statisticsList);
 }
 
 void BasicChart::getTemperatureOfPerson(const QString &key)
 {
     qDebug() << "getTemperatureOfPerson";
     TalvixGetTemperatureStatisticsOfPersonRequestMessage request;
-    Query::setSpan(*this, request);
+    Requests::setSpan(*this, request);
     request.personId = key.toInt();
     request.timeType = m_nTimeType;
-    using Response = TalvixGetTemperatureStatisticsOfPersonResponseMessage;
-    Query::byKey<Response>(*this, &KRXClientStatisticsManager::getTemperatureStatisticsOfPerson, request,
-        &Response::statisticsList, "BasicChart::getTemperatureOfPerson fail",
-        "getTemperatureOfPerson records is empty", [this](const auto &items) {
-            qDebug() << "getTemperatureOfPerson success";
-            setPersonLineList(items);
-        });
+    TalvixGetTemperatureStatisticsOfPersonResponseMessage response;
+    if (!Requests::manager()->getTemperatureStatisticsOfPerson(request, response)) {
+        Requests::tipFailed(*this);
+        qDebug() << "BasicChart::getTemperatureOfPerson fail" << Requests::lastError();
+        return;
+    }
+    if (response.statisticsList.empty()) {
+        Requests::tipNoRecords(*this);
+        qDebug() << "getTemperatureOfPerson records is empty";
+        return;
+    }
+    qDebug() << "getTemperatureOfPerson success";
+    setPersonLineList(response.statisticsList);
 }
 
 void BasicChart::setGroupsBarList(const std::vector<TemperatureStatisticsItem> &items)

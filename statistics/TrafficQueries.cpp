@@ -1,6 +1,5 @@
-#include "QueryShapes.h"
+#include "Requests.h"
 
-#include "SnapClass.h"
 #include "ui_BasicChart.h"
 
 #include <TalvixWidgets/KrxClient.h>
@@ -9,8 +8,6 @@
 #include <utility>
 
 namespace {
-
-enum SnapDetailMode : int { ByDevice = 1, ByOrganisation = 2 };
 
 struct SnapSums
 {
@@ -22,9 +19,9 @@ SnapSums sumUp(const std::vector<SnapTypeCount> &counts)
 {
     SnapSums sums;
     for (const SnapTypeCount &entry : counts) {
-        if (entry.snapType == SnapClass::Vehicle)
+        if (entry.snapType == Codes::Vehicle)
             sums.vehicles = wrappingSum(sums.vehicles, entry.count);
-        else if (entry.snapType == SnapClass::Pedestrian)
+        else if (entry.snapType == Codes::Pedestrian)
             sums.pedestrians = wrappingSum(sums.pedestrians, entry.count);
     }
     return sums;
@@ -44,21 +41,21 @@ int BasicChart::getTrafficsStatisticsOfDevice()
     TalvixGetSnapSamplesRequestMessage request;
     request.setCmd("get_snap_samples");
     request.timeType = m_nTimeType;
-    Query::setSpan(*this, request);
+    Requests::setSpan(*this, request);
     TalvixGetSnapSamplesResponseMessage response;
-    if (!Query::ask(&KRXClientStatisticsManager::getSnapSamplesResource, request, response)) {
-        qDebug() << "BasicChart::getTrafficsStatisticsOfDevice fail" << Query::lastError();
-        return Failed;
+    if (!Requests::manager()->getSnapSamplesResource(request, response)) {
+        qDebug() << "BasicChart::getTrafficsStatisticsOfDevice fail" << Requests::lastError();
+        return Codes::Failed;
     }
     snapSamples = std::move(response.snapSampleList);
     if (snapSamples.empty()) {
         qDebug() << "BasicChart::getTrafficsStatisticsOfDevice records is empty";
-        return NoRecords;
+        return Codes::NoRecords;
     }
     if (std::none_of(snapSamples.cbegin(), snapSamples.cend(), hasFigures))
-        return NoRecords;
+        return Codes::NoRecords;
     setBarList(snapSamples);
-    return Success;
+    return Codes::Success;
 }
 
 void BasicChart::setBarList(const std::vector<SnapTimeSample> &samples)
@@ -96,7 +93,7 @@ void BasicChart::drillIntoChannel(const QString &key)
     clearPieAndLineChartData();
     snapDetailMap.clear();
     getTrafficLineOfDevice(key);
-    getSnapDetailPieData(key, ByDevice);
+    getSnapDetailPieData(key, Codes::ByDevice);
 }
 
 void BasicChart::getTrafficLineOfDevice(const QString &key)
@@ -115,16 +112,22 @@ void BasicChart::getTrafficLineOfDevice(const QString &key)
 int BasicChart::getTrafficsStatisticsOfOrgas()
 {
     TalvixGetSnapDetailSamplesOfOrgasRequestMessage request;
-    Query::setSpan(*this, request);
+    Requests::setSpan(*this, request);
     request.timeType = m_nTimeType;
     request.sortType = sortType();
     request.setListOrg(getOrgaIDList());
     request.orgType = selectedOrgType();
-    using Response = TalvixGetSnapDetailSamplesOfOrgasResponseMessage;
-    return Query::wholeLevel<Response>(&KRXClientStatisticsManager::getTrafficsStatisticsOfOrgas, request,
-        &Response::snapOrgaList, "BasicChart::getTrafficsStatisticsOfOrgas fail",
-        "BasicChart::getTrafficsStatisticsOfOrgas records is empty",
-        [this](const Response &response) { setGroupsBarList(response.snapOrgaList); });
+    TalvixGetSnapDetailSamplesOfOrgasResponseMessage response;
+    if (!Requests::manager()->getTrafficsStatisticsOfOrgas(request, response)) {
+        qDebug() << "BasicChart::getTrafficsStatisticsOfOrgas fail" << Requests::lastError();
+        return Codes::Failed;
+    }
+    if (response.snapOrgaList.empty()) {
+        qDebug() << "BasicChart::getTrafficsStatisticsOfOrgas records is empty";
+        return Codes::NoRecords;
+    }
+    setGroupsBarList(response.snapOrgaList);
+    return Codes::Success;
 }
 
 void BasicChart::setGroupsBarList(const std::vector<SnapOrgaItem> &items)
@@ -146,10 +149,10 @@ void BasicChart::getTrafficsStatisticsOfOrgas(const QString &key)
 {
     lineNames = {Texts::sentence("TK_Vehicle"), Texts::sentence("TK_Pedestrian")};
     TalvixGetSnapDetailSamplesOfOrgaRequestMessage request;
-    Query::fillOrgaRequest(*this, request, key);
+    Requests::fillOrga(*this, request, key);
     TalvixGetSnapDetailSamplesOfOrgaResponseMessage response;
-    if (!Query::ask(&KRXClientStatisticsManager::getTrafficsStatisticsOfOrga, request, response)) {
-        qDebug() << "BasicChart::getTrafficsStatisticsOfOrgas fail" << Query::lastError();
+    if (!Requests::manager()->getTrafficsStatisticsOfOrga(request, response)) {
+        qDebug() << "BasicChart::getTrafficsStatisticsOfOrgas fail" << Requests::lastError();
         return;
     }
     if (response.snapOrgaList.empty()) {
@@ -160,7 +163,7 @@ void BasicChart::getTrafficsStatisticsOfOrgas(const QString &key)
     for (const SnapOrgaItem &item : response.snapOrgaList)
         setTrafficLineItem(item.name, item.typeCounts);
     snapDetailMap.clear();
-    getSnapDetailPieData(key, ByOrganisation);
+    getSnapDetailPieData(key, Codes::ByOrganisation);
 }
 
 void BasicChart::setTrafficLineItem(const std::string &label, const std::vector<SnapTypeCount> &counts)
@@ -173,13 +176,13 @@ void BasicChart::setTrafficLineItem(const std::string &label, const std::vector<
 
 int BasicChart::chosenSnapClass() const
 {
-    return ui->carRadio->isChecked() ? SnapClass::Vehicle : SnapClass::Pedestrian;
+    return ui->carRadio->isChecked() ? Codes::Vehicle : Codes::Pedestrian;
 }
 
 void BasicChart::getSnapDetailPieData(const QString &key, int mode)
 {
     std::vector<SnapDetailMajorItem> items;
-    for (const int snapClass : {SnapClass::Vehicle, SnapClass::Pedestrian}) {
+    for (const int snapClass : {Codes::Vehicle, Codes::Pedestrian}) {
         if (getSnapDetailSamples(key, snapClass, items, mode))
             snapDetailMap.insert(snapClass, items);
     }
@@ -198,7 +201,7 @@ bool BasicChart::getSnapDetailSamples(
     TalvixGetSnapDetailSamplesRequestMessage request;
     request.setCmd("get_snap_detail_samples");
     request.timeType = m_nTimeType;
-    if (mode == ByDevice) {
+    if (mode == Codes::ByDevice) {
         request.setChannelUid(key.toStdString());
         request.orgaId = unsetValue;
     } else {
@@ -209,7 +212,7 @@ bool BasicChart::getSnapDetailSamples(
     request.setEndTIme(end.toStdString());
     request.majorType = majorClass;
     TalvixGetSnapDetailSamplesResponseMessage response;
-    if (!Query::ask(&KRXClientStatisticsManager::getSnapDetailSamples, request, response))
+    if (!Requests::manager()->getSnapDetailSamples(request, response))
         return false;
     out = response.snapDetailList;
     return true;

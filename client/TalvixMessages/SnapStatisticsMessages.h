@@ -50,7 +50,7 @@ struct SnapOrgaItem
 class TalvixGetSnapSamplesRequestMessage : public TalvixMessage, public TalvixTimeSpanFields
 {
 public:
-    int timeType = 0; ///< 1 month, 2 day, 3 hour
+    int timeType = 0; ///< unit of time
 };
 
 class TalvixGetSnapSamplesResponseMessage : public TalvixMessage
@@ -75,10 +75,10 @@ public:
     void setEndTIme(const std::string &time) { m_endTime = time; }
     const std::string &endTime() const { return m_endTime; }
 
-    int timeType = 0;  ///< 1 month, 2 day, 3 hour
+    int timeType = 0;  ///< unit of time
     int majorType = 0; ///< 4 vehicle class, 2 pedestrian class
     int orgaId = 0;    ///< the organisation, or `unsetValue`
-    int orgType = 0;   ///< 1 lower levels, 2 all levels, 3 the organisation alone
+    int orgType = 0;   ///< levels that are counted
 
 private:
     std::string m_channelUid;
@@ -105,9 +105,9 @@ class TalvixGetSnapDetailSamplesOfOrgasRequestMessage : public TalvixMessage,
                                                         public TalvixListOrgField
 {
 public:
-    int timeType = 0; ///< 1 month, 2 day, 3 hour
-    int sortType = 0; ///< 1 descending, 2 ascending by value
-    int orgType = 0;  ///< 1 lower levels, 2 all levels, 3 the organisation alone
+    int timeType = 0; ///< unit of time
+    int sortType = 0; ///< order of the values
+    int orgType = 0;  ///< levels that are counted
 };
 
 class TalvixGetSnapDetailSamplesOfOrgasResponseMessage : public TalvixSnapOrgaListResponse

@@ -8,6 +8,14 @@
 /// A message is a local object of one query: it is built, filled, handed over by reference and dropped.
 /// All integers are signed 32-bit, all strings UTF-8. A field that is not set keeps its default.
 /// Setters take their value by const reference and copy it.
+///
+/// Numbers that many requests share:
+///
+/// | Field      | Meaning                 | Values                                                      |
+/// |------------|-------------------------|-------------------------------------------------------------|
+/// | `timeType` | unit of time            | 1 month, 2 day, 3 hour, as in `ZrCalendarWidget::QueryType` |
+/// | `sortType` | order of the values     | 1 descending, 2 ascending                                   |
+/// | `orgType`  | levels that are counted | 1 lower levels, 2 all levels, 3 the organisation alone      |
 class TalvixMessage
 {
 public:
@@ -29,8 +37,8 @@ constexpr int unsetValue = -99999;
 
 /// The span of time that a request asks about; both ends belong to it.
 ///
-/// The form follows the request's `timeType`: "yyyy-MM" for 1 (month), "yyyy-MM-dd" for 2 (day) and
-/// "yyyy-MM-dd hh" for 3 (hour), always in local time.
+/// The form follows the request's unit of time: "yyyy-MM" for months, "yyyy-MM-dd" for days and "yyyy-MM-dd
+/// hh" for hours, always in local time.
 class TalvixTimeSpanFields
 {
 public:
@@ -63,9 +71,9 @@ class TalvixStatisticsOfOrgasRequest : public TalvixMessage,
 {
 public:
     int userId = 0;   ///< the signed-in user
-    int timeType = 0; ///< 1 month, 2 day, 3 hour
-    int sortType = 0; ///< 1 descending, 2 ascending by value
-    int orgType = 0;  ///< 1 lower levels, 2 all levels, 3 the organisation alone
+    int timeType = 0; ///< unit of time
+    int sortType = 0; ///< order of the values
+    int orgType = 0;  ///< levels that are counted
 };
 
 /// Figures of one organisation over time.
@@ -74,16 +82,16 @@ class TalvixStatisticsOfOrgaRequest : public TalvixMessage, public TalvixTimeSpa
 public:
     int userId = 0;   ///< the signed-in user
     int orgaId = 0;   ///< the organisation
-    int timeType = 0; ///< 1 month, 2 day, 3 hour
-    int orgType = 0;  ///< 1 lower levels, 2 all levels, 3 the organisation alone
+    int timeType = 0; ///< unit of time
+    int orgType = 0;  ///< levels that are counted
 };
 
 /// One page of figures of the devices of an organisation.
 class TalvixStatisticsOfDevicesRequest : public TalvixMessage, public TalvixTimeSpanFields
 {
 public:
-    int timeType = 0;  ///< 1 month, 2 day, 3 hour
-    int sortType = 0;  ///< 1 descending, 2 ascending by value
+    int timeType = 0;  ///< unit of time
+    int sortType = 0;  ///< order of the values
     int orgaId = 0;    ///< the organisation; 0 when none is chosen
     int userId = 0;    ///< the signed-in user
     int pageIndex = 0; ///< page asked for, from 1
@@ -94,7 +102,7 @@ public:
 class TalvixStatisticsOfDeviceRequest : public TalvixMessage, public TalvixTimeSpanFields
 {
 public:
-    int timeType = 0; ///< 1 month, 2 day, 3 hour
+    int timeType = 0; ///< unit of time
 
     /// The device or channel.
     void setUID(const std::string &uid) { m_uid = uid; }

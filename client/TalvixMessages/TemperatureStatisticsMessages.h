@@ -30,7 +30,7 @@ struct StatisticsQueryOfOrga
 {
     int queryType = 1;          ///< 1 temperature classes, 2 mask classes; 1 for alarm handling
     int userId = unsetValue;    ///< the signed-in user
-    int timeType = unsetValue;  ///< 1 month, 2 day, 3 hour
+    int timeType = unsetValue;  ///< unit of time
     int reserved1 = unsetValue; ///< not used
     int reserved2 = unsetValue; ///< not used
     std::string startTime;      ///< start of the span; a month is given as its first day
@@ -74,9 +74,9 @@ class TalvixGetTemperatureStatisticsOfGroupsRequestMessage : public TalvixMessag
 {
 public:
     int userId = 0;   ///< the signed-in user
-    int timeType = 0; ///< 1 month, 2 day, 3 hour
-    int sortType = 0; ///< 1 descending, 2 ascending by value
-    int orgType = 0;  ///< 1 lower levels, 2 all levels, 3 the organisation alone
+    int timeType = 0; ///< unit of time
+    int sortType = 0; ///< order of the values
+    int orgType = 0;  ///< levels that are counted
 };
 
 class TalvixGetTemperatureStatisticsOfGroupsResponseMessage : public TalvixTemperatureListResponse
@@ -87,8 +87,8 @@ class TalvixGetTemperatureStatisticsOfGroupRequestMessage : public TalvixMessage
 {
 public:
     int userId = 0;   ///< the signed-in user
-    int timeType = 0; ///< 1 month, 2 day, 3 hour
-    int orgType = 0;  ///< 1 lower levels, 2 all levels, 3 the organisation alone
+    int timeType = 0; ///< unit of time
+    int orgType = 0;  ///< levels that are counted
     int groupId = 0;  ///< the person group
 };
 
@@ -103,8 +103,8 @@ public:
     int pageIndex = 0; ///< page asked for, from 1
     int pageSize = 0;  ///< rows of a page
     int userId = 0;    ///< the signed-in user
-    int timeType = 0;  ///< 1 month, 2 day, 3 hour
-    int sortType = 0;  ///< 1 descending, 2 ascending by value
+    int timeType = 0;  ///< unit of time
+    int sortType = 0;  ///< order of the values
     int orgaId = 0;    ///< the organisation; 0 when none is chosen
 };
 
@@ -120,7 +120,7 @@ public:
 class TalvixGetTemperatureStatisticsOfPersonRequestMessage : public TalvixMessage, public TalvixTimeSpanFields
 {
 public:
-    int timeType = 0; ///< 1 month, 2 day, 3 hour
+    int timeType = 0; ///< unit of time
     int personId = 0; ///< the person
 };
 
@@ -134,8 +134,8 @@ class TalvixGetTempStatisticsDistributionOfGroupsRequestMessage : public TalvixM
 {
 public:
     int userId = 0;    ///< the signed-in user
-    int timeType = 0;  ///< 1 month, 2 day, 3 hour
-    int orgType = 0;   ///< 1 lower levels, 2 all levels, 3 the organisation alone
+    int timeType = 0;  ///< unit of time
+    int orgType = 0;   ///< levels that are counted
     int queryType = 0; ///< 1 asks for `byNumberList`, 2 for `byEtiologyList`
 };
 

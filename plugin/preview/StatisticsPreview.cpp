@@ -65,7 +65,8 @@ private:
 
 BaseWidget *createStatisticsPage(int serviceType, QWidget *parent)
 {
-    const bool treeLoaded = BasicChart::ServiceTypeRow::of(serviceType).treeLoaded;
+    const bool treeLoaded =
+        BasicChart::ServiceTypeRow::of(serviceType).has(BasicChart::ServiceTypeRow::HasTree);
     BasicChart *page = treeLoaded ? new BasicChart(parent, kindWithTree) : new TreelessPage(parent);
     page->setServiceType(serviceType);
     return page;

@@ -84,7 +84,7 @@ QString brokenInvariant(const ProbePage &page)
 {
     const BasicChart::ServiceTypeRow &row = BasicChart::ServiceTypeRow::of(page.m_serviceType);
     const qsizetype views = page.m_chartViewList.size();
-    if (views != 0 && views != (row.pieless ? 2 : 3))
+    if (views != 0 && views != (row.has(BasicChart::ServiceTypeRow::Pieless) ? 2 : 3))
         return QStringLiteral("there are %1 views").arg(views);
     const QString lists = brokenLists(page, row);
     if (!lists.isNull() || views == 0)
