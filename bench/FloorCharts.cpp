@@ -3,6 +3,7 @@
 #include <charts/ReadableLabels.h>
 #include <charts/UserData.h>
 #include <page/AxisBound.h>
+#include <page/LabelStance.h>
 
 #include <TalvixWidgets/QssFormatHelper.h>
 
@@ -119,7 +120,7 @@ void nameBars(QBarSet *set, const LabelledValues &bars, qsizetype count, BarItem
 }
 
 QChart *barChart(const ChartFigures &figures, const QSizeF &size, BarItems &items,
-    std::shared_ptr<ReadableLabels::Stance> &stance)
+    const std::shared_ptr<LabelStance> &stance)
 {
     auto *chart = new QChart;
     QAbstractBarSeries *series = nullptr;
@@ -182,8 +183,7 @@ QLineSeries *lineSeries(
     return line;
 }
 
-QChart *lineChart(
-    const ChartFigures &figures, const QSizeF &size, std::shared_ptr<ReadableLabels::Stance> &stance)
+QChart *lineChart(const ChartFigures &figures, const QSizeF &size, const std::shared_ptr<LabelStance> &stance)
 {
     auto *chart = new QChart;
     const QColor firstLabel(157, 172, 253);
@@ -291,13 +291,13 @@ void FloorCharts::finish()
 void FloorCharts::reload(const ChartFigures &figures)
 {
     m_barItems.clear();
-    show(0, barChart(figures, labelSize(0), m_barItems, m_barStance));
+    show(0, barChart(figures, labelSize(0), m_barItems, LabelStance::of(*this, m_barStance)));
     reloadLineAndPie(figures);
 }
 
 void FloorCharts::reloadLineAndPie(const ChartFigures &figures)
 {
-    show(1, lineChart(figures, labelSize(1), m_lineStance));
+    show(1, lineChart(figures, labelSize(1), LabelStance::of(*this, m_lineStance)));
     show(2, pieChart(figures, m_places[2].size()));
     finish();
 }

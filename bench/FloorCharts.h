@@ -10,10 +10,8 @@
 #include <memory>
 #include <vector>
 
+struct LabelStance;
 struct UserData;
-namespace ReadableLabels {
-struct Stance;
-}
 
 /// What three charts show, ready to be drawn.
 struct ChartFigures
@@ -60,6 +58,6 @@ private:
     Views m_views{};
     bool m_fitFirst = false;
     std::vector<std::unique_ptr<UserData>> m_barItems;
-    std::shared_ptr<ReadableLabels::Stance> m_barStance;
-    std::shared_ptr<ReadableLabels::Stance> m_lineStance;
+    std::shared_ptr<LabelStance> m_barStance;
+    std::shared_ptr<LabelStance> m_lineStance;
 };

@@ -1,5 +1,6 @@
 #include "page/BasicChart.h"
 #include "page/Codes.h"
+#include "page/LabelStance.h"
 #include "page/ServiceTypes.h"
 #include "page/Texts.h"
 
@@ -162,6 +163,7 @@ QChart *BasicChart::createDualBarChart()
 void BasicChart::showBars(QChart &chart, QAbstractBarSeries *series)
 {
     chart.addSeries(series);
+    ChartLook::showNamesAsTheyStand(*chart.legend());
     connect(series, &QAbstractBarSeries::hovered, this, &BasicChart::slotBarSelected);
     const QStringList names = listKeys(barDataList);
     QBarCategoryAxis *axisX = ChartLook::categoryAxis(names);
@@ -169,6 +171,6 @@ void BasicChart::showBars(QChart &chart, QAbstractBarSeries *series)
     ChartLook::setAxisX(chart, axisX, series);
     const int maximum = getMaxValue(listValues(barDataList) + listValues(barDataList2));
     ChartLook::setAxisY(chart, ChartLook::valueAxis(axisBound(serviceType().axisRule, maximum)), series);
-    ReadableLabels::keepReadable(
-        chart, axisX, names, ReadableLabels::Kind::Names, ChartLook::sizeIn(barChartView), m_barLabelStance);
+    ReadableLabels::keepReadable(chart, axisX, names, ReadableLabels::Kind::Names,
+        ChartLook::sizeIn(barChartView), LabelStance::of(*this, m_barLabelStance));
 }

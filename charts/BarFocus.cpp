@@ -8,7 +8,6 @@
 
 #include <QtCharts/QBarSet>
 #include <QtCore/QDebug>
-#include <QtCore/QRegularExpression>
 #include <QtCore/QTimer>
 #include <QtCore/QVariant>
 #include <QtGui/QCursor>
@@ -22,13 +21,6 @@ constexpr int focusDelayMs = 800;
 QString numberText(double value)
 {
     return QStringLiteral("%1").arg(value, 0, 'g', -1, QLatin1Char(' '));
-}
-
-// The call-out is filled in three steps, and the next one must not fill what only looks like its place.
-QString withoutPlaces(QString text)
-{
-    static const QRegularExpression place(QStringLiteral("%(?=L?[0-9])"));
-    return text.replace(place, QStringLiteral("&#37;"));
 }
 
 } // namespace
@@ -96,12 +88,11 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
     }
     qDebug() << "BasicChart::slotBarSelected index " << index << "size" << barDataList.size();
     const ServiceTypeRow &row = serviceType();
-    const QString time = withoutPlaces(Texts::inRichText(ui->lineEditTime->text()));
+    const QString time = Texts::inRichText(ui->lineEditTime->text());
     if (row.dual()) {
         const QString label = barset->label();
-        const QString shown = withoutPlaces(Texts::inRichText(label));
-        showCallout(
-            m_strToolTipFormat.arg(time).arg(shown).arg(numberText(barset->at(index))), QCursor::pos());
+        showCallout(m_strToolTipFormat.arg(time, Texts::inRichText(label), numberText(barset->at(index))),
+            QCursor::pos());
         if (label != m_strSelectedBar) {
             const QVariant item = barset->property(UserData::propertyName(index).constData());
             if (const UserData *bar = item.value<UserData *>())
@@ -113,8 +104,7 @@ void BasicChart::slotBarSelected(bool state, int index, QBarSet *barset)
     QString figure = numberText(value);
     if (row.has(ServiceTypeRow::CallOutInPercent))
         figure += QLatin1Char('%');
-    const QString shown = withoutPlaces(Texts::inRichText(name));
-    showCallout(m_strToolTipFormat.arg(time).arg(shown).arg(figure), QCursor::pos());
+    showCallout(m_strToolTipFormat.arg(time, Texts::inRichText(name), figure), QCursor::pos());
     if (name != m_strSelectedBar)
         focusBar(name);
 }

@@ -213,6 +213,11 @@ void BasicChart::replaceChart(int view, QChart *(BasicChart::*builder)())
         return;
     chartView->chart()->deleteLater();
     QChart *chart = (this->*builder)();
+    // A title in more lines, or a page button more, leaves the view less room. A chart that got its size when
+    // it may animate would grow once more.
+    if (view == BarView)
+        showPageButtons();
+    activateLayouts(*this);
     ChartLayouting::hold(*chart);
     chartView->setChart(chart);
     ChartLayouting::layOut(*chartView);

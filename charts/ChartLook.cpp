@@ -93,13 +93,17 @@ void showLegend(QChart &chart, Qt::Alignment alignment)
     QLegend *legend = chart.legend();
     legend->setAlignment(alignment);
     legend->setLabelColor(themeColour("$word_color_2"));
-    const auto markers = legend->markers();
+    legend->setVisible(true);
+}
+
+void showNamesAsTheyStand(const QLegend &legend)
+{
+    const auto markers = legend.markers();
     for (QLegendMarker *marker : markers) {
         const QString shown = Texts::inRichText(marker->label());
         if (shown != marker->label())
             marker->setLabel(shown);
     }
-    legend->setVisible(true);
 }
 
 QSizeF sizeIn(const ZrChartView *view)

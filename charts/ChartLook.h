@@ -8,6 +8,7 @@ class QAbstractAxis;
 class QAbstractSeries;
 class QBarCategoryAxis;
 class QChart;
+class QLegend;
 class QPen;
 class QValueAxis;
 QT_END_NAMESPACE
@@ -37,6 +38,8 @@ void setAxisY(QChart &chart, QAbstractAxis *axis, QAbstractSeries *series);
 void removeAxisX(QChart &chart);
 
 void showLegend(QChart &chart, Qt::Alignment alignment);
+/// The markers, which draw rich text, show the names of their series to the letter.
+void showNamesAsTheyStand(const QLegend &legend);
 /// Size that a chart will have in \a view; empty before the first load, when there is none.
 QSizeF sizeIn(const ZrChartView *view);
 /// The chart uses all of its view.

@@ -1,4 +1,5 @@
 #include "page/BasicChart.h"
+#include "page/LabelStance.h"
 #include "page/ServiceTypes.h"
 
 #include "ChartLook.h"
@@ -97,9 +98,10 @@ void BasicChart::showLines(QChart &chart, const QList<QLineSeries *> &lines, con
     for (QLineSeries *line : lines)
         ChartLook::setAxisY(chart, axisY, line);
     ReadableLabels::keepReadable(chart, axisX, periods, ReadableLabels::Kind::Periods,
-        ChartLook::sizeIn(lineChartView), m_lineLabelStances[m_nTimeType]);
+        ChartLook::sizeIn(lineChartView), LabelStance::of(*this, m_lineLabelStances[m_nTimeType]));
     chart.legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
     ChartLook::showLegend(chart, Qt::AlignTop);
+    ChartLook::showNamesAsTheyStand(*chart.legend());
     ChartLook::removeMargins(chart);
     qDebug() << "createLineChart";
 }

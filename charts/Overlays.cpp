@@ -54,12 +54,7 @@ QString periodText(const QString &label, int timeType)
 void BasicChart::updateChartOverlays()
 {
     const ServiceTypeRow &row = serviceType();
-    if (row.has(ServiceTypeRow::Paged)) {
-        if (pushButtonNext)
-            pushButtonNext->setVisible(m_nCurPage < m_nTotalPage);
-        if (pushButtonPrevious)
-            pushButtonPrevious->setVisible(m_nCurPage > 1);
-    }
+    showPageButtons();
     if (labelPiecount)
         updatePieCount();
     if (comboBoxPie) {
@@ -69,6 +64,16 @@ void BasicChart::updateChartOverlays()
             comboBoxPie->move(pieModePosition);
         comboBoxPie->setVisible(offered);
     }
+}
+
+void BasicChart::showPageButtons()
+{
+    if (!serviceType().has(ServiceTypeRow::Paged))
+        return;
+    if (pushButtonNext)
+        pushButtonNext->setVisible(m_nCurPage < m_nTotalPage);
+    if (pushButtonPrevious)
+        pushButtonPrevious->setVisible(m_nCurPage > 1);
 }
 
 void BasicChart::updatePieCount()

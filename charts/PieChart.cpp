@@ -218,7 +218,7 @@ void BasicChart::fillMaskPie()
     setMaskPieList(maskDistribution);
 }
 
-// Counts by number belong to no bar and no period, so bars and line stand empty until another mode is chosen.
+// Counts by number belong to no bar and no period, so bars and line stand empty until they are loaded again.
 void BasicChart::emptyAllCharts()
 {
     for (ZrChartView *view : std::as_const(m_chartViewList)) {

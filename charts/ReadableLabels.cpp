@@ -1,5 +1,6 @@
 #include "ReadableLabels.h"
 
+#include "page/LabelStance.h"
 #include "page/Texts.h"
 
 #include "ChartLayout.h"
@@ -10,6 +11,7 @@
 #include <QtCharts/QLegendMarker>
 #include <QtCharts/QValueAxis>
 #include <QtCore/QHash>
+#include <QtCore/QPointer>
 #include <QtCore/QSet>
 #include <QtGui/QFontInfo>
 #include <QtGui/QFontMetricsF>
@@ -35,7 +37,7 @@ constexpr double gapBetweenLabels = 6;
 constexpr double diagonal = 0.70710678118654752;
 // In less room for each category an axis draws no label.
 constexpr double smallestRoom = 2;
-// No screen is wide enough to draw more.
+// More than a row of screens has room to draw.
 constexpr int mostLabelsDrawn = 4000;
 
 // How Qt Charts divides a chart: what axes and legends keep free around their texts, and what they get at
@@ -192,8 +194,7 @@ QStringList shortened(const QStringList &texts, const QFontMetricsF &metrics, do
     return result;
 }
 
-// One way or another something of each name is seen: shortened, or, where not even that has room, of each of
-// the names in turn.
+// Shortened, or, where not even that has room, some of the names only.
 Labels shortenedLabels(const QStringList &texts, const QFont &font, Room room)
 {
     Labels labels{texts, Level, font.pixelSize()};
@@ -253,7 +254,7 @@ class LabelFitter
 {
 public:
     LabelFitter(QChart &chart, QBarCategoryAxis &axis, const QStringList &texts, Kind kind,
-        std::shared_ptr<Stance> stance)
+        std::shared_ptr<LabelStance> stance)
         : m_chart(&chart)
         , m_axis(&axis)
         , m_texts(texts)
@@ -264,10 +265,9 @@ public:
 
     void fit(const QSizeF &chartSize) const
     {
-        if (m_texts.isEmpty() || chartSize.isEmpty())
+        if (!m_axis || m_texts.isEmpty() || chartSize.isEmpty())
             return;
-        if (m_stance->size != chartSize)
-            *m_stance = {chartSize, Level};
+        m_stance->follow();
         const Room room = roomIn(chartSize);
         if (room.width < smallestRoom) {
             apply({m_texts, Upright, smallestPixels});
@@ -277,7 +277,7 @@ public:
             return;
         }
         ChartLayouting::measureLabels(*m_chart, *m_axis);
-        const Labels labels = fitted(m_texts, m_kind, m_usual, room, m_stance->angle);
+        const Labels labels = fitted(m_texts, m_kind, m_usual, room, static_cast<Angle>(m_stance->angle));
         m_stance->angle = labels.angle;
         apply(labels);
     }
@@ -301,11 +301,12 @@ private:
     }
 
     QChart *m_chart;
-    QBarCategoryAxis *m_axis;
+    // Not the chart's own for ever: axes are removed from charts that go on living.
+    QPointer<QBarCategoryAxis> m_axis;
     QStringList m_texts;
     Kind m_kind;
     QFont m_usual;
-    std::shared_ptr<Stance> m_stance;
+    std::shared_ptr<LabelStance> m_stance;
 };
 
 // Keeps the texts of a legend beside a chart readable.
@@ -429,12 +430,10 @@ QStringList categories(const QStringList &texts)
 }
 
 void keepReadable(QChart &chart, QBarCategoryAxis *axis, const QStringList &texts, Kind kind,
-    const QSizeF &size, std::shared_ptr<Stance> &stance)
+    const QSizeF &size, const std::shared_ptr<LabelStance> &stance)
 {
     // The axis would cut its labels by a rule of its own.
     axis->setTruncateLabels(false);
-    if (!stance)
-        stance = std::make_shared<Stance>();
     keepFitted(chart, size, LabelFitter(chart, *axis, texts, kind, stance));
 }
 

@@ -12,8 +12,11 @@ class QChart;
 class QFont;
 QT_END_NAMESPACE
 
-/// Keeps the texts of a chart readable at every size, for as long as the chart lives: font, angle and wording
-/// of the labels below it, font and wording of a legend beside it.
+struct LabelStance;
+
+/// Keeps the texts of a chart readable as its size changes, for as long as the chart lives: font, angle and
+/// wording of the labels below it, font and wording of a legend beside it. Where there is no room at all
+/// periods shrink, names are left out, and in less than two pixels for each nothing is drawn.
 namespace ReadableLabels {
 
 /// A name may be shortened where it fits in no way; a period never is.
@@ -21,13 +24,6 @@ enum class Kind { Names, Periods };
 
 /// How labels stand, in degrees: side by side, leaning, upright.
 enum Angle : int { Level = 0, Leaning = -45, Upright = -90 };
-
-/// How the labels of one view stand. Its charts keep to it while the size stays and the texts fit.
-struct Stance
-{
-    QSizeF size;
-    Angle angle = Level;
-};
 
 /// What a label may take: the width of its place, and the height between chart and edge.
 struct Room
@@ -54,9 +50,9 @@ QStringList categories(const QStringList &texts);
 
 /// Keeps the labels of \a axis readable; it is the axis below \a chart and has a category for each of \a
 /// texts. \a size is what the chart will have, or empty as long as that isn't known. The charts of a view
-/// share its \a stance; a null one is made.
+/// share its \a stance.
 void keepReadable(QChart &chart, QBarCategoryAxis *axis, const QStringList &texts, Kind kind,
-    const QSizeF &size, std::shared_ptr<Stance> &stance);
+    const QSizeF &size, const std::shared_ptr<LabelStance> &stance);
 
 /// Keeps a legend beside \a chart readable. Each marker's text is a name, which gives way where room is
 /// short, and values, which don't.

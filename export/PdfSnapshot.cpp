@@ -85,6 +85,8 @@ void BasicChart::exportPdf()
 // choosing must not delete it.
 void BasicChart::releaseFileDialog()
 {
+    if (!m_isChoosingFile)
+        return;
     const auto dialogs = findChildren<QFileDialog *>(Qt::FindDirectChildrenOnly);
     for (QFileDialog *dialog : dialogs) {
         dialog->setParent(nullptr);
@@ -97,9 +99,13 @@ bool BasicChart::createPdf()
     const QString proposedName = QStringLiteral("StatisticCharts_%1")
                                      .arg(Clock::now().toString(QStringLiteral("yyyy-MM-dd hh-mm-ss")));
     const QPointer<BasicChart> page(this);
+    m_isChoosingFile = true;
     QString fileName = QFileDialog::getSaveFileName(
         this, Texts::sentence("TK_SaveImportResult"), proposedName, QStringLiteral("*.pdf"), nullptr, {});
-    if (fileName.isEmpty() || !page)
+    if (!page)
+        return false;
+    m_isChoosingFile = false;
+    if (fileName.isEmpty())
         return false;
     if (QFile::exists(fileName))
         QFile::remove(fileName);

@@ -43,19 +43,17 @@ class TalvixChannel;
 class TempResultExportWidget;
 class ZrChartView;
 class ZrPushButton;
+struct LabelStance;
 struct NODE;
 
-namespace ReadableLabels {
-struct Stance;
-}
 namespace Ui {
 class BasicChart;
 }
 
 /// The statistics page: one widget for all nine kinds of statistics.
 ///
-/// A query over a time span and an organisation fills the data lists, the chart builders draw what stands in
-/// the lists, and nothing else passes between the two. What tells the kinds apart is a table
+/// A query over a time span and an organisation fills the data lists, and the chart builders draw what stands
+/// in them. What tells the kinds apart is a table
 /// (`ServiceTypes.h`). All runs on the GUI thread; a query blocks it until the client has answered.
 class BasicChart : public BaseWidget
 {
@@ -64,7 +62,7 @@ class BasicChart : public BaseWidget
 public:
     using QueryType = ZrCalendarWidget::QueryType;
 
-    /// The condition of the last query that was answered page by page.
+    /// The condition of the last query that asked page by page.
     struct QueryCondition
     {
         int userId = 0;
@@ -89,8 +87,8 @@ public:
     void doAfterWidgetShow() override;
     void doAfterWidgetHide() override;
 
-    /// Makes the page one of kind \a type. Widgets that the kind has no use for are hidden, never shown
-    /// again.
+    /// Makes the page one of kind \a type and hides the widgets that the kind has no use for. The choice of
+    /// levels, once hidden, stays so.
     void setServiceType(int type);
 
 Q_SIGNALS:
@@ -338,6 +336,7 @@ protected:
     // charts/Overlays.cpp
     void hideCallout();
     void updateChartOverlays();
+    void showPageButtons();
     void updatePieCount();
     void placeCallout(const QPoint &globalPos);
     void showCallout(const QString &text, const QPoint &globalPos);
@@ -354,6 +353,7 @@ private:
     ListIndex<int> m_lineIndex2;
     ListIndex<int> m_pieIndex;
     ListIndex<QString> m_keyIndex;
-    std::shared_ptr<ReadableLabels::Stance> m_barLabelStance;
-    std::map<int, std::shared_ptr<ReadableLabels::Stance>> m_lineLabelStances; ///< by time unit
+    std::shared_ptr<LabelStance> m_barLabelStance;
+    std::map<int, std::shared_ptr<LabelStance>> m_lineLabelStances; ///< by time unit
+    bool m_isChoosingFile = false;
 };

@@ -9,7 +9,7 @@ namespace Clock {
 /// demonstrations and tests (`docs/integration.md`). It is read by every copy of this code in the process.
 inline constexpr char currentTimeProperty[] = "TalvixDataStatics::currentTime";
 
-/// The current local time: what the property holds where that is a valid `QDateTime`, else the system's.
+/// The current time: the property as it is where it holds a valid `QDateTime`, else the system's local time.
 QDateTime now();
 
 } // namespace Clock

@@ -50,8 +50,9 @@ LabelledValues sortedByLabel(const LabelledValues &list);
 /// Finds entries of a list of pairs by their texts without searching the list.
 ///
 /// The index keeps a shared copy of the list as it knows it. Whoever changes the list gives it data of its
-/// own by that, and the next look-up begins anew; so an answer is always what a search would find. Only
-/// changes through the index itself are followed in place.
+/// own by that, and the next look-up begins anew; so an answer is what a search would find. Only changes
+/// through the index itself are followed in place. Keep no reference or iterator into a list over a look-up:
+/// what is written through it then is a change behind the back of list and index alike.
 template <typename Value>
 class ListIndex
 {

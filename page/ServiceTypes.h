@@ -19,7 +19,7 @@ struct BasicChart::PieMode
     bool alone = false;
 };
 
-/// All in which the nine kinds of statistics differ. A tenth kind would be a row and its query.
+/// In what the nine kinds of statistics differ. A tenth kind would be a row and its queries.
 struct BasicChart::ServiceTypeRow
 {
     /// Rows of which list setter the kind takes, and what one of its bars stands for.

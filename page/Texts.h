@@ -30,17 +30,19 @@ inline QString title(const char *key)
     return translated(key, AppLanguageTr::Title);
 }
 
-/// More of a name is never seen; all of one that is too long for its place, cut to every length that might
-/// fit, takes the square of its length in memory.
+/// More characters of a name are never shown; all of one that is too long for its place, cut to every length
+/// that might fit, take the square of its length in memory.
 constexpr qsizetype mostCharactersShown = 1000;
 
-/// Text from outside (a name, a label, a translation) as part of rich text, which shows exactly its
-/// characters. A tag in it would vanish otherwise, and one of a picture that is wider than a layout can count
-/// keeps that layout busy for ever.
+/// Text from outside (a name, a label, a translation) as part of rich text, which shows its first characters
+/// as they stand; only white space is simplified. A tag in it would vanish otherwise, and one of a picture
+/// that is wider than a layout can count keeps that layout busy for ever.
 inline QString inRichText(const QString &text)
 {
-    return text.left(mostCharactersShown)
-        .replace(QLatin1Char('&'), QLatin1String("&amp;"))
+    QString shown = text.left(mostCharactersShown);
+    if (shown.size() < text.size() && shown.back().isHighSurrogate())
+        shown.chop(1);
+    return shown.replace(QLatin1Char('&'), QLatin1String("&amp;"))
         .replace(QLatin1Char('<'), QLatin1String("&lt;"));
 }
 

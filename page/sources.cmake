@@ -8,6 +8,7 @@ target_sources(TalvixDataStaticsObjects PRIVATE
     ${PROJECT_SOURCE_DIR}/page/Clock.h
     ${PROJECT_SOURCE_DIR}/page/Codes.h
     ${PROJECT_SOURCE_DIR}/page/Form.cpp
+    ${PROJECT_SOURCE_DIR}/page/LabelStance.h
     ${PROJECT_SOURCE_DIR}/page/LabelledValues.cpp
     ${PROJECT_SOURCE_DIR}/page/LabelledValues.h
     ${PROJECT_SOURCE_DIR}/page/Organisation.cpp

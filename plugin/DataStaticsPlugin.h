@@ -22,8 +22,9 @@ class BaseWidget;
 /// plugin.uninit(id);                        // when the place is given up
 /// \endcode
 ///
-/// All operations belong to the GUI thread. None of them logs or shows anything: what they answer is all
-/// there is. Keep the library loaded for as long as a widget of it lives: the widget's code is in it.
+/// All operations belong to the GUI thread. None of them reports a failure anywhere but in its answer; the
+/// pages write debug lines of their own as they get their kinds. Keep the library loaded for as long as a
+/// widget of it lives: the widget's code is in it.
 class TALVIXDATASTATICS_EXPORT DataStaticsPlugin : public QObject
 {
     Q_OBJECT
@@ -33,12 +34,12 @@ public:
     /// Forgets all numbers. Widgets that are still registered stay alive, with a parent or without.
     ~DataStaticsPlugin() override;
 
-    /// Builds a tab widget below \a parent and answers its number, from 1 upwards; -1 when none could be
-    /// built.
+    /// Builds a tab widget below \a parent and answers its number, from 1 upwards; -1 when there is no memory
+    /// for it.
     ///
     /// A number is never given out twice in a process, not even by another plug-in object. The widget is not
     /// shown: its host lays it out and shows it, and with that its first page fetches the organisations and
-    /// the figures. With a null parent the widget belongs to this registry until `uninit`.
+    /// the figures. With a null parent only `uninit` deletes the widget.
     int init(QWidget *parent);
 
     /// The widget of a number, or null when the number is not (or no longer) known here.

@@ -10,8 +10,8 @@
 
 /// What the queries share: the fields of many requests, and the tips of the queries by key.
 ///
-/// A query of a whole level tells its outcome by a code and shows nothing; a query by key shows its own tips.
-/// Both hand the answered rows to an operation that fills the data lists.
+/// A query of a whole level tells its outcome by a code and shows nothing. A query by key tells nothing;
+/// those of kinds 1 to 6 show tips. Both hand the answered rows to an operation that fills the data lists.
 struct BasicChart::Requests
 {
     static KRXClientStatisticsManager *manager() { return KRXClientStatisticsManager::instance(); }

@@ -104,8 +104,9 @@ inline QStringList trickyNames()
     return {QStringLiteral("Gate & Hall \"Yard\" 'east'"), QStringLiteral("R&amp;D"),
         QStringLiteral("Gate &lt;1&gt;"), QStringLiteral("&#38;"), QStringLiteral("<b>Gate</b>"),
         QStringLiteral("<img src=\"x\" width=9999999>"), QStringLiteral("a < b > c"), QStringLiteral("</p>"),
-        QStringLiteral("%1"), QStringLiteral("%3 of %L2, 100%"), QStringLiteral("Gate\n  Hall\tYard"),
-        QString::fromUtf8("大门"), QString::fromUtf8("\u05e9\u05e2\u05e8 <1> \u0628\u0648\u0627\u0628\u0629"),
+        QStringLiteral("%1"), QStringLiteral("%3 of %L2, 100%"), QString::fromUtf8("hall %\u0661 of %\u0663"),
+        QStringLiteral("Gate\n  Hall\tYard"), QString::fromUtf8("大门"),
+        QString::fromUtf8("\u05e9\u05e2\u05e8 <1> \u0628\u0648\u0627\u0628\u0629"),
         QString::fromUtf8("\xFFGate\xC3", 6), QString(200, QLatin1Char('x'))};
 }
 
