@@ -99,6 +99,7 @@ QChart *BasicChart::createPieChart()
     chart->addSeries(series);
     chart->legend()->setMarkerShape(QLegend::MarkerShapeCircle);
     ChartLook::showLegend(*chart, Qt::AlignRight);
+    ChartLook::showNamesAsTheyStand(*chart->legend());
     chart->legend()->setBackgroundVisible(false);
     ReadableLabels::keepLegendReadable(*chart, legendTexts, ChartLook::sizeIn(pieChartView));
     // The pane may get its size after the chart; the total in its middle follows.

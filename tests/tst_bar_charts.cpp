@@ -364,7 +364,8 @@ void BarChartsTest::labelsTurnWhereTheyHaveNoRoom()
     if (length == 300)
         return;
 
-    // Names that have room again stand level again.
+    // Names that have room again in a page of another size stand level again.
+    stage.page.resize(20000, 700);
     view.resize(20000, 250);
     QCoreApplication::processEvents();
     QCOMPARE(axis->labelsAngle(), 0);
