@@ -20,13 +20,18 @@ void counted(const QByteArray &name, Action action)
     CALLGRIND_DUMP_STATS_AT(name.constData());
 }
 
-// Kind 0 stands for no page: the tab host is made, against bare forms.
+// Kind 0 stands for no page: the tab host is made, against bare forms. Where the widgets come to lie in memory changes a
+// count by more than a percent, so several are made.
 void countOpening()
 {
     tabHost();
     bareForms();
-    counted("page 0 0", [] { tabHost(); });
-    counted("floor 0 0", [] { bareForms(); });
+    const auto several = [](std::unique_ptr<QWidget> (*make)()) {
+        for (int i = 0; i < 10; ++i)
+            make();
+    };
+    counted("page 0 0", [&] { several(tabHost); });
+    counted("floor 0 0", [&] { several(bareForms); });
 }
 
 void countFirstLoad(ReloadStage &stage, Kind kind, const QByteArray &row)
