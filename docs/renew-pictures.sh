@@ -8,4 +8,4 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 rm -f -- "$root"/docs/pictures/*.pdf
 
 cmake --build "$root/build/release" --target talvix-tour
-"$root/build/release/devhost/app/talvix-tour" "$root/docs/pictures"
+"$root/build/release/tests/talvix-tour" "$root/docs/pictures"
