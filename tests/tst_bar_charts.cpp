@@ -458,8 +458,7 @@ private Q_SLOTS:
     {
         ChartStage stage(1, ChartStage::OnScreen);
         stage.page.barDataList = {{"Gate", 90}, {"Gate", 60}, {QString(), 70}, {"Gate", 80}};
-        stage.page.loadChart();
-        waitForAnimation();
+        stage.loadGrown();
 
         ZrChartView *view = stage.page.barChartView;
         for (int i = 0; i < 4; ++i) {
@@ -479,8 +478,7 @@ private Q_SLOTS:
         ChartStage stage(7, ChartStage::OnScreen);
         stage.page.barDataList = {{"Gate", 9}, {"Gate", 6}, {"Gate", 8}};
         stage.page.barDataList2 = {{"Gate", 5}, {"Gate", 7}, {"Gate", 4}};
-        stage.page.loadChart();
-        waitForAnimation();
+        stage.loadGrown();
 
         ZrChartView *view = stage.page.barChartView;
         QChart *chart = view->chart();

@@ -131,8 +131,7 @@ private Q_SLOTS:
         stage.page.slotRecvMouseMove(stage.page.mapToGlobal(QPoint(900, 60)));
         QCOMPARE(stage.page.labelCallout->pos(), QPoint(900 - 321 - 15, 45));
         QCOMPARE(stage.page.labelCallout->size(), QSize(321, 99));
-        QCOMPARE(stage.page.labelCallout->text(), u"text"_s);
-        QVERIFY(stage.page.labelCallout->isVisible());
+        QCOMPARE(shownCallout(stage.page), u"text"_s);
 
         stage.page.labelCallout->hide();
         const QPoint place = stage.page.labelCallout->pos();
@@ -168,14 +167,12 @@ private Q_SLOTS:
         stage.page.lineDataList = days;
         QCursor::setPos(stage.page.mapToGlobal(QPoint(300, 200)));
         stage.page.slotLineSelected(QPointF(2, 999), true);
-        QVERIFY(stage.page.labelCallout);
-        QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-03", "North", "1234567"));
+        QCOMPARE(shownCallout(stage.page), callout("2024-05-03", "North", "1234567"));
         QCOMPARE(stage.page.labelCallout->pos(), QPoint(315, 185));
-        QVERIFY(stage.page.labelCallout->isVisible());
 
         stage.page.m_strSelectedBar = "South";
         stage.page.slotLineSelected(QPointF(0, 0), true);
-        QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-01", "South", "30"));
+        QCOMPARE(shownCallout(stage.page), callout("2024-05-01", "South", "30"));
     }
 
     void linePointIsTheNearest_data()
@@ -202,8 +199,7 @@ private Q_SLOTS:
         stage.page.lineDataList = {{"2024-05-01", 5}, {"2024-05-02", 5}, {"2024-05-03", 5}};
         stage.page.showCallout("before", stage.page.mapToGlobal(QPoint(40, 50)));
         stage.page.slotLineSelected(QPointF(x, 5), true);
-        QVERIFY(stage.page.labelCallout->isVisible());
-        QCOMPARE(stage.page.labelCallout->text(), time.isEmpty() ? u"before"_s : callout(time, "North", "5"));
+        QCOMPARE(shownCallout(stage.page), time.isEmpty() ? u"before"_s : callout(time, "North", "5"));
         if (time.isEmpty())
             QCOMPARE(stage.page.labelCallout->pos(), QPoint(55, 35));
     }
@@ -226,13 +222,13 @@ private Q_SLOTS:
         QFETCH(QString, shown);
         ChartStage stage(1, ChartStage::OnScreen);
         hoverOnlyPoint(stage.page, timeType, label);
-        QCOMPARE(stage.page.labelCallout->text(), callout(shown, "North", "5"));
+        QCOMPARE(shownCallout(stage.page), callout(shown, "North", "5"));
 
         HostSettings::setDateOrder(HostSettings::DateOrder::DayFirst);
         const QString display = BaseHelper::dateTimeFormatConversion(format);
         QVERIFY(display != format);
         stage.page.slotLineSelected(QPointF(0, 5), true);
-        QCOMPARE(stage.page.labelCallout->text(),
+        QCOMPARE(shownCallout(stage.page),
             callout(QDateTime(QDate(2024, 5, format == "yyyy-MM" ? 1 : 3), QTime(17, 0)).toString(display),
                 "North", "5"));
     }
@@ -251,7 +247,7 @@ private Q_SLOTS:
         QFETCH(QString, label);
         ChartStage stage(1, ChartStage::OnScreen);
         hoverOnlyPoint(stage.page, timeType, label);
-        QCOMPARE(stage.page.labelCallout->text(), callout("", "North", "5"));
+        QCOMPARE(shownCallout(stage.page), callout("", "North", "5"));
     }
 
     void secondLineHasItsOwnList()
@@ -265,13 +261,13 @@ private Q_SLOTS:
             stage.page.lineDataList2 = {{"2024-06-01", 4}, {"2024-06-02", 6}};
             const OwnedChart chart(stage.page.createDualLineChart());
             Q_EMIT series<QLineSeries>(chart.get(), 0)->hovered(QPointF(1.2, 7), true);
-            QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-02", "first", "7"));
+            QCOMPARE(shownCallout(stage.page), callout("2024-05-02", "first", "7"));
             Q_EMIT series<QLineSeries>(chart.get(), 1)->hovered(QPointF(0.8, 6), true);
-            QCOMPARE(stage.page.labelCallout->text(), callout("2024-06-02", "second", "6"));
+            QCOMPARE(shownCallout(stage.page), callout("2024-06-02", "second", "6"));
             Q_EMIT series<QLineSeries>(chart.get(), 1)->hovered(QPointF(2, 6), true);
-            QCOMPARE(stage.page.labelCallout->text(), callout("2024-06-02", "second", "6"));
+            QCOMPARE(shownCallout(stage.page), callout("2024-06-02", "second", "6"));
             Q_EMIT series<QLineSeries>(chart.get(), 0)->hovered(QPointF(2, 6), true);
-            QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-03", "first", "1234567"));
+            QCOMPARE(shownCallout(stage.page), callout("2024-05-03", "first", "1234567"));
         }
     }
 
@@ -301,7 +297,7 @@ private Q_SLOTS:
         QVERIFY(!stage.page.labelCallout);
         stage.page.showCallout("before", stage.page.mapToGlobal(QPoint(40, 50)));
         stage.page.slotLineSelected(QPointF(0, 0), true);
-        QCOMPARE(stage.page.labelCallout->text(), u"before"_s);
+        QCOMPARE(shownCallout(stage.page), u"before"_s);
         stage.page.slotLineSelected(QPointF(0, 0), false);
         QVERIFY(stage.page.labelCallout->isHidden());
     }
@@ -329,10 +325,10 @@ private Q_SLOTS:
         stage.page.lineNames = QStringList{"first"};
         const OwnedChart chart(stage.page.createDualLineChart());
         Q_EMIT series<QLineSeries>(chart.get(), 1)->hovered(QPointF(0, 0), true);
-        QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-01", "", "30"));
+        QCOMPARE(shownCallout(stage.page), callout("2024-05-01", "", "30"));
         stage.page.lineNames.clear();
         Q_EMIT series<QLineSeries>(chart.get(), 0)->hovered(QPointF(1, 0), true);
-        QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-02", "", "7"));
+        QCOMPARE(shownCallout(stage.page), callout("2024-05-02", "", "7"));
     }
 
     void lineHoverEnds()
@@ -355,9 +351,8 @@ private Q_SLOTS:
         stage.page.slotPieSelected(&slice, true);
         QVERIFY(slice.isExploded());
         QCOMPARE(slice.explodeDistanceFactor(), 0.1);
-        QCOMPARE(stage.page.labelCallout->text(), callout(span, "Fire |   7.5% 3", ""));
+        QCOMPARE(shownCallout(stage.page), callout(span, "Fire |   7.5% 3", ""));
         QCOMPARE(stage.page.labelCallout->pos(), QPoint(315, 185));
-        QVERIFY(stage.page.labelCallout->isVisible());
     }
 
     void pieHoverEnds()
@@ -386,7 +381,7 @@ private Q_SLOTS:
         stage.page.slotPieSelected(nullptr, false);
         QVERIFY(stage.page.labelCallout->isVisible());
         stage.page.slotPieSelected(nullptr, true);
-        QCOMPARE(stage.page.labelCallout->text(), u"before"_s);
+        QCOMPARE(shownCallout(stage.page), u"before"_s);
     }
 
     void barValueIsWrittenAsADouble_data()
@@ -407,7 +402,7 @@ private Q_SLOTS:
         ChartStage stage(1, ChartStage::OnScreen);
         stage.page.barDataList = {{"North", value}};
         stage.page.slotBarSelected(true, 0, &set);
-        QCOMPARE(stage.page.labelCallout->text(), callout(span, "North", shown));
+        QCOMPARE(shownCallout(stage.page), callout(span, "North", shown));
         ChartStage online(4, ChartStage::OnScreen);
         online.page.barDataList = {{"North", value}};
         online.page.slotBarSelected(true, 0, &set);
@@ -530,8 +525,7 @@ private Q_SLOTS:
         QVERIFY(stage.page.labelCallout->isVisible());
         QCursor::setPos(stage.page.mapToGlobal(QPoint(1, 1)));
         QCoreApplication::processEvents();
-        QVERIFY(stage.page.labelCallout->isVisible());
-        QCOMPARE(stage.page.labelCallout->text(), u"text"_s);
+        QCOMPARE(shownCallout(stage.page), u"text"_s);
     }
 
     void realPointerOverBars_data() { kinds({1, 2, 3, 4, 5, 6}); }
@@ -541,8 +535,7 @@ private Q_SLOTS:
         stage.client.setRecorderTypes({2});
         stage.page.barDataList = {{"North", 90}, {"South", 40}, {"East", 60}, {"West", 50}};
         stage.page.devTypeDataList = {{"North", 1}, {"South", 2}, {"East", 1}, {"West", 2}};
-        stage.page.loadChart();
-        waitForAnimation();
+        stage.loadGrown();
         ZrChartView *view = stage.page.barChartView;
         const QString unit = stage.page.m_serviceType == 4 ? "%" : "";
         moveAway(view);
@@ -550,9 +543,7 @@ private Q_SLOTS:
         for (const int i : {0, 1, 2}) {
             const auto &[name, value] = stage.page.barDataList.at(i);
             moveTo(view, middleOfBar(view->chart(), i, 0, value));
-            QVERIFY(stage.page.labelCallout);
-            QVERIFY(stage.page.labelCallout->isVisible());
-            QCOMPARE(stage.page.labelCallout->text(), callout(span, name, QString::number(value) + unit));
+            QCOMPARE(shownCallout(stage.page), callout(span, name, QString::number(value) + unit));
             QCOMPARE(stage.page.labelCallout->pos(), underPointer(stage.page) + QPoint(15, -15));
             moveTo(view, middleOfBar(view->chart(), i, value + 3, value + 8));
             QVERIFY(!stage.page.labelCallout->isVisible());
@@ -576,17 +567,14 @@ private Q_SLOTS:
         stage.page.m_nTimeType = timeType;
         stage.page.barDataList = {{"North", 90}};
         stage.page.lineDataList = {{labels.at(0), 90}, {labels.at(1), 10}, {labels.at(2), 60}};
-        stage.page.loadChart();
-        waitForAnimation();
+        stage.loadGrown();
         ZrChartView *view = stage.page.lineChartView;
         for (const int i : {2, 0, 1}) {
             moveAway(view);
             QVERIFY(!stage.page.labelCallout || stage.page.labelCallout->isHidden());
             const auto &[label, value] = stage.page.lineDataList.at(i);
             moveTo(view, view->chart()->mapToPosition(QPointF(i, value)));
-            QVERIFY(stage.page.labelCallout);
-            QVERIFY(stage.page.labelCallout->isVisible());
-            QCOMPARE(stage.page.labelCallout->text(), callout(label, "North", QString::number(value)));
+            QCOMPARE(shownCallout(stage.page), callout(label, "North", QString::number(value)));
             QCOMPARE(stage.page.labelCallout->pos(), underPointer(stage.page) + QPoint(15, -15));
         }
     }
@@ -597,37 +585,30 @@ private Q_SLOTS:
         stage.page.m_nTimeType = 2;
         stage.page.lineDataList = {{"2024-05-01", 9}, {"2024-05-02", 8}};
         stage.page.lineDataList2 = {{"2024-05-01", 2}, {"2024-05-02", 3}};
-        stage.page.loadChart();
-        waitForAnimation();
+        stage.loadGrown();
         ZrChartView *view = stage.page.lineChartView;
         moveTo(view, view->chart()->mapToPosition(QPointF(1, 8)));
-        QVERIFY(stage.page.labelCallout);
-        QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-02", text("TK_Vehicle"), "8"));
+        QCOMPARE(shownCallout(stage.page), callout("2024-05-02", text("TK_Vehicle"), "8"));
         moveAway(view);
         QVERIFY(stage.page.labelCallout->isHidden());
         moveTo(view, view->chart()->mapToPosition(QPointF(0, 2)));
-        QVERIFY(stage.page.labelCallout->isVisible());
-        QCOMPARE(stage.page.labelCallout->text(), callout("2024-05-01", text("TK_Pedestrian"), "2"));
+        QCOMPARE(shownCallout(stage.page), callout("2024-05-01", text("TK_Pedestrian"), "2"));
     }
 
     void realPointerOverThePie()
     {
         ChartStage stage(1, ChartStage::OnScreen);
         stage.page.pieDataList = {{"Fire", 30}, {"Smoke", 10}};
-        stage.page.loadChart();
-        waitForAnimation();
+        stage.loadGrown();
         ZrChartView *view = stage.page.pieChartView;
         const QList<QPieSlice *> slices = series<QPieSeries>(view->chart())->slices();
         moveTo(view, pointOfRing(view->chart(), 0.5));
-        QVERIFY(stage.page.labelCallout);
-        QVERIFY(stage.page.labelCallout->isVisible());
-        QCOMPARE(stage.page.labelCallout->text(), callout(span, "Fire |  75.0% 30", ""));
+        QCOMPARE(shownCallout(stage.page), callout(span, "Fire |  75.0% 30", ""));
         QVERIFY(slices.at(0)->isExploded());
         QVERIFY(!slices.at(1)->isExploded());
 
         moveTo(view, pointOfRing(view->chart(), 0.875));
-        QVERIFY(stage.page.labelCallout->isVisible());
-        QCOMPARE(stage.page.labelCallout->text(), callout(span, "Smoke |  25.0% 10", ""));
+        QCOMPARE(shownCallout(stage.page), callout(span, "Smoke |  25.0% 10", ""));
         QVERIFY(!slices.at(0)->isExploded());
         QVERIFY(slices.at(1)->isExploded());
 
@@ -640,15 +621,13 @@ private Q_SLOTS:
     {
         ChartStage stage(1, ChartStage::OnScreen);
         stage.page.pieDataList = {{"Fire", 30}};
-        stage.page.loadChart();
-        waitForAnimation();
+        stage.loadGrown();
         ZrChartView *view = stage.page.pieChartView;
         stage.page.labelPiecount->resize(view->size());
         stage.page.labelPiecount->move(0, 0);
         QTest::mouseMove(stage.page.labelPiecount,
             view->mapFromScene(view->chart()->mapToScene(pointOfRing(view->chart(), 0.25))));
-        QVERIFY(stage.page.labelCallout);
-        QCOMPARE(stage.page.labelCallout->text(), callout(span, "Fire | 100.0% 30", ""));
+        QCOMPARE(shownCallout(stage.page), callout(span, "Fire | 100.0% 30", ""));
         QCOMPARE(stage.page.labelCallout->pos(), underPointer(stage.page) + QPoint(15, -15));
     }
 
@@ -658,8 +637,7 @@ private Q_SLOTS:
         stage.page.barDataList = {{"North", 90}};
         stage.page.pieDataList = {{"Fire", 30}};
         stage.page.lineDataList = {{"2024-05-01", 9}, {"2024-05-02", 8}};
-        stage.page.loadChart();
-        waitForAnimation();
+        stage.loadGrown();
         ZrChartView *view = stage.page.barChartView;
         const QPointF middle = middleOfBar(view->chart(), 0, 0, 90);
         moveTo(view, middle);
@@ -684,8 +662,7 @@ private Q_SLOTS:
         ChartStage stage(1, ChartStage::OnScreen);
         for (int i = 0; i < 12; ++i)
             stage.page.barDataList.append({u"bar %1"_s.arg(i), 90});
-        stage.page.loadChart();
-        waitForAnimation();
+        stage.loadGrown();
         ZrChartView *view = stage.page.barChartView;
         moveTo(view, middleOfBar(view->chart(), 11, 0, 90));
         QVERIFY(stage.page.labelCallout);

@@ -826,30 +826,42 @@ private Q_SLOTS:
         }
     }
 
-    void modesOfTemperatureOfGroups()
+    void modesOfTemperature_data()
+    {
+        table<int, QString, int, QString, int>({"type", "first", "firstMode", "second", "secondMode"},
+            {{"of groups", 5, "TK_ByEtiology", 2, "TK_ByNumber", 1},
+                {"of device groups", 9, "TK_ByTemperature", 1, "TK_ByMask", 2}});
+    }
+
+    void modesOfTemperature()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, first);
+        QFETCH(int, firstMode);
+        QFETCH(QString, second);
+        QFETCH(int, secondMode);
+        for (const char *language : {"", "en"}) {
+            QVERIFY(HostSettings::setLanguage(language));
+            const auto reset = qScopeGuard([] { HostSettings::setLanguage({}); });
+            QCOMPARE(text(first) == first, *language == 0);
+            ChartStage stage(type);
+            stage.page.loadChart();
+            QCOMPARE(items(stage.page.comboBoxPie),
+                (QList<std::pair<QString, int>>{{text(first), firstMode}, {text(second), secondMode}}));
+            QCOMPARE(stage.page.comboBoxPie->currentIndex(), 0);
+        }
+    }
+
+    void modesOfGroupsBeginAnewWithAReload()
     {
         ChartStage stage(5);
         stage.page.loadChart();
-        const QList<std::pair<QString, int>> expected = {
-            {text("TK_ByEtiology"), 2}, {text("TK_ByNumber"), 1}};
-        QCOMPARE(items(stage.page.comboBoxPie), expected);
-        QCOMPARE(stage.page.comboBoxPie->currentIndex(), 0);
-
+        const auto modes = items(stage.page.comboBoxPie);
         fill(stage.page);
         stage.page.comboBoxPie->setCurrentIndex(1);
         stage.page.comboBoxPie->addItem("left over", 77);
         stage.page.loadChart();
-        QCOMPARE(items(stage.page.comboBoxPie), expected);
-        QCOMPARE(stage.page.comboBoxPie->currentIndex(), 0);
-    }
-
-    void modesOfDeviceGroups()
-    {
-        ChartStage stage(9);
-        stage.page.loadChart();
-        const QList<std::pair<QString, int>> expected = {
-            {text("TK_ByTemperature"), 1}, {text("TK_ByMask"), 2}};
-        QCOMPARE(items(stage.page.comboBoxPie), expected);
+        QCOMPARE(items(stage.page.comboBoxPie), modes);
         QCOMPARE(stage.page.comboBoxPie->currentIndex(), 0);
     }
 
@@ -970,21 +982,6 @@ private Q_SLOTS:
         stage.page.loadChart();
         QCOMPARE(activated.size(), 0);
         QVERIFY(activated.isValid());
-    }
-
-    void modesFollowTheLanguage()
-    {
-        QVERIFY(HostSettings::setLanguage("en"));
-        const auto reset = qScopeGuard([] { HostSettings::setLanguage({}); });
-        ChartStage groups(5);
-        groups.page.loadChart();
-        QVERIFY(text("TK_ByEtiology") != u"TK_ByEtiology"_s);
-        QCOMPARE(groups.page.comboBoxPie->itemText(0), text("TK_ByEtiology"));
-        QCOMPARE(groups.page.comboBoxPie->itemText(1), text("TK_ByNumber"));
-        ChartStage deviceGroups(9);
-        deviceGroups.page.loadChart();
-        QCOMPARE(deviceGroups.page.comboBoxPie->itemText(0), text("TK_ByTemperature"));
-        QCOMPARE(deviceGroups.page.comboBoxPie->itemText(1), text("TK_ByMask"));
     }
 
     void lineAndPieReloadKeepsTheBars_data() { allKinds(); }

@@ -646,8 +646,7 @@ private Q_SLOTS:
         ChartStage stage(5, ChartStage::OnScreen);
         stage.page.barDataList = {{"North", 30}};
         stage.page.lineDataList = {{"2024-05-01", 30}, {"2024-05-02", 30}};
-        stage.page.loadChart();
-        waitForAnimation();
+        stage.loadGrown();
         ZrChartView *barView = stage.page.barChartView;
         ZrChartView *lineView = stage.page.lineChartView;
         const QPointF onBar = middleOfBar(barView->chart(), 0, 0, 30);

@@ -92,6 +92,16 @@ public:
     }
 };
 
+/// The four tabs on show.
+struct ShownTabs
+{
+    ShownTabs() { showPage(widget); }
+
+    PageScene scene;
+    DataStaticsWidget widget;
+    QTabWidget *tabs = tabsOf(&widget);
+};
+
 } // namespace
 
 class TestPlugin : public QObject
@@ -335,13 +345,19 @@ private Q_SLOTS:
         QCOMPARE(writtenLines(log), QStringList());
     }
 
-    void classHasNoSignalSlotOrPropertyOfItsOwn()
+    void classesAddNothingToTheMetaObject()
     {
-        const QMetaObject &meta = DataStaticsPlugin::staticMetaObject;
-        QCOMPARE(QByteArray(meta.className()), QByteArray("DataStaticsPlugin"));
-        QCOMPARE(meta.superClass(), &QObject::staticMetaObject);
-        QCOMPARE(meta.methodCount(), QObject::staticMetaObject.methodCount());
-        QCOMPARE(meta.propertyCount(), QObject::staticMetaObject.propertyCount());
+        const std::pair<const QMetaObject *, const QMetaObject *> classes[] = {
+            {&DataStaticsPlugin::staticMetaObject, &QObject::staticMetaObject},
+            {&DataStaticsWidget::staticMetaObject, &BaseWidget::staticMetaObject}};
+        QStringList names;
+        for (const auto &[meta, base] : classes) {
+            names.append(QString::fromLatin1(meta->className()));
+            QCOMPARE(meta->superClass(), base);
+            QCOMPARE(meta->methodCount(), base->methodCount());
+            QCOMPARE(meta->propertyCount(), base->propertyCount());
+        }
+        QCOMPARE(names, QStringList({"DataStaticsPlugin", "DataStaticsWidget"}));
     }
 
     void parentOfRegistryIsTheOneGiven()
@@ -434,38 +450,33 @@ private Q_SLOTS:
 
     void showAsksForAlarmsOfOrganisationsOnly()
     {
-        PageScene scene;
-        DataStaticsWidget widget;
-        showPage(widget);
-        QCOMPARE(scene.wholeLevelCalls(), QStringList({"getAlarmStatisticsOfOrgas"}));
-        QCOMPARE(scene.client.calls.count(u"getCurUserInfo"_s), 1);
-        QCOMPARE(scene.treeLoads(), 1);
+        ShownTabs shown;
+        QCOMPARE(shown.scene.wholeLevelCalls(), QStringList({"getAlarmStatisticsOfOrgas"}));
+        QCOMPARE(shown.scene.client.calls.count(u"getCurUserInfo"_s), 1);
+        QCOMPARE(shown.scene.treeLoads(), 1);
     }
 
     void choosingTabShowsItsPageAndReloadsEachTime()
     {
-        PageScene scene;
-        DataStaticsWidget widget;
-        showPage(widget);
-        QTabWidget *tabs = tabsOf(&widget);
+        ShownTabs shown;
 
-        scene.forgetCalls();
+        shown.scene.forgetCalls();
         LogCapture log;
-        clickTab(tabs, 3);
-        QCOMPARE(tabs->currentIndex(), 3);
+        clickTab(shown.tabs, 3);
+        QCOMPARE(shown.tabs->currentIndex(), 3);
         QCOMPARE(log.count(u"BasicChart::doAfterWidgetHide Type 1"_s), 1);
         QCOMPARE(log.count(u"BasicChart::doAfterWidgetShow Type 4"_s), 1);
-        QCOMPARE(scene.treeLoads(), 1);
-        QCOMPARE(scene.wholeLevelCalls(), QStringList({"getOnlineStatisticsOfDevices"}));
+        QCOMPARE(shown.scene.treeLoads(), 1);
+        QCOMPARE(shown.scene.wholeLevelCalls(), QStringList({"getOnlineStatisticsOfDevices"}));
 
-        scene.forgetCalls();
+        shown.scene.forgetCalls();
         log.clear();
-        clickTab(tabs, 0);
+        clickTab(shown.tabs, 0);
         QCOMPARE(log.count(u"BasicChart::doAfterWidgetHide Type 4"_s), 1);
         QCOMPARE(log.count(u"BasicChart::doAfterWidgetShow Type 1"_s), 1);
-        QCOMPARE(scene.treeLoads(), 1);
-        QCOMPARE(scene.wholeLevelCalls(), QStringList({"getAlarmStatisticsOfOrgas"}));
-        QCOMPARE(scene.client.calls.count(u"getCurUserInfo"_s), 0);
+        QCOMPARE(shown.scene.treeLoads(), 1);
+        QCOMPARE(shown.scene.wholeLevelCalls(), QStringList({"getAlarmStatisticsOfOrgas"}));
+        QCOMPARE(shown.scene.client.calls.count(u"getCurUserInfo"_s), 0);
     }
 
     void eachTabOpensItsKind_data()
@@ -480,13 +491,11 @@ private Q_SLOTS:
     {
         QFETCH(int, tab);
         QFETCH(QString, query);
-        PageScene scene;
-        DataStaticsWidget widget;
-        showPage(widget);
-        scene.forgetCalls();
+        ShownTabs shown;
+        shown.scene.forgetCalls();
         LogCapture log;
-        clickTab(tabsOf(&widget), tab);
-        QCOMPARE(scene.wholeLevelCalls(), QStringList({query}));
+        clickTab(shown.tabs, tab);
+        QCOMPARE(shown.scene.wholeLevelCalls(), QStringList({query}));
         QCOMPARE(log.count(u"BasicChart::doAfterWidgetShow Type %1"_s.arg(tab + 1)), 1);
     }
 
@@ -532,11 +541,8 @@ private Q_SLOTS:
 
     void languageChangeRetitlesAndRefits()
     {
-        PageScene scene;
-        DataStaticsWidget widget;
-        showPage(widget);
-        QTabWidget *tabs = tabsOf(&widget);
-        const QList<int> before = tabWidths(tabs);
+        ShownTabs shown;
+        const QList<int> before = tabWidths(shown.tabs);
         for (const QString &code : {u"x-long"_s, u"en"_s}) {
             QVERIFY(HostSettings::setLanguage(code));
             QStringList texts;
@@ -545,32 +551,29 @@ private Q_SLOTS:
                 QVERIFY2(text != key, qPrintable(key));
                 texts.append(text);
             }
-            QTRY_COMPARE(tabTexts(tabs), texts);
-            QCOMPARE(tabWidths(tabs), fittedWidths(texts, 140));
-            QVERIFY(tabWidths(tabs) != before);
-            QCOMPARE(tabs->currentIndex(), 0);
+            QTRY_COMPARE(tabTexts(shown.tabs), texts);
+            QCOMPARE(tabWidths(shown.tabs), fittedWidths(texts, 140));
+            QVERIFY(tabWidths(shown.tabs) != before);
+            QCOMPARE(shown.tabs->currentIndex(), 0);
         }
     }
 
     void pagesRenewTheirTextsOnTheirOwn()
     {
-        PageScene scene;
-        DataStaticsWidget widget;
-        showPage(widget);
-        QTabWidget *tabs = tabsOf(&widget);
-        auto *month = tabs->widget(0)->findChild<QPushButton *>(u"pushButtonMonth"_s);
+        ShownTabs shown;
+        auto *month = shown.tabs->widget(0)->findChild<QPushButton *>(u"pushButtonMonth"_s);
         const QString titleByHand = u"title by hand"_s;
         const QString textByHand = u"text by hand"_s;
 
         month->setText(textByHand);
-        widget.retranslateUi();
+        shown.widget.retranslateUi();
         QCOMPARE(month->text(), textByHand);
 
-        tabs->setTabText(0, titleByHand);
+        shown.tabs->setTabText(0, titleByHand);
         QEvent change(QEvent::LanguageChange);
-        QCoreApplication::sendEvent(tabs->widget(0), &change);
+        QCoreApplication::sendEvent(shown.tabs->widget(0), &change);
         QVERIFY(month->text() != textByHand);
-        QCOMPARE(tabs->tabText(0), titleByHand);
+        QCOMPARE(shown.tabs->tabText(0), titleByHand);
     }
 
     // The first line of the set-up is that of the second page's kind; the form stands as it was made by then.
@@ -607,15 +610,6 @@ private Q_SLOTS:
         QCOMPARE(widget.renewals, 1);
         QCOMPARE(tabsOf(&widget)->currentIndex(), 0);
         QCOMPARE(scene.wholeLevelCalls(), QStringList({"getAlarmStatisticsOfOrgas"}));
-    }
-
-    void tabHostAddsNothingToTheMetaObject()
-    {
-        const QMetaObject &meta = DataStaticsWidget::staticMetaObject;
-        QCOMPARE(QByteArray(meta.className()), QByteArray("DataStaticsWidget"));
-        QCOMPARE(meta.superClass(), &BaseWidget::staticMetaObject);
-        QCOMPARE(meta.methodCount(), BaseWidget::staticMetaObject.methodCount());
-        QCOMPARE(meta.propertyCount(), BaseWidget::staticMetaObject.propertyCount());
     }
 };
 

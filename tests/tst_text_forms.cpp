@@ -85,24 +85,21 @@ private Q_SLOTS:
     void titlesAreSentences_data() { titleKeyRows(); }
     void titlesAreSentences()
     {
-        QFETCH(int, type);
-        QFETCH(QString, bar);
-        QFETCH(QString, line);
-        QFETCH(QString, pie);
-        ProbePage page(type);
+        QFETCH(TitleKeys, keys);
+        ProbePage page(keys.type);
         TextRecorder texts;
         page.getChartTitle(page.part<QLabel>("labelBarChartTitle"));
-        QCOMPARE(texts.asked, QStringList{bar + sentence});
+        QCOMPARE(texts.asked, QStringList{keys.bar + sentence});
         const std::pair<int, QString> units[] = {
             {1, "TK_Month 1"}, {2, "TK_Day 1"}, {3, "TK_Hour 1"}, {4, "TK_Month 1"}};
         for (const auto &[unit, word] : units) {
             page.m_nTimeType = unit;
             texts.asked.clear();
             page.getChartTitle(page.part<QLabel>("labelLineChartTitle"));
-            QCOMPARE(eachOnce(texts.asked), eachOnce({word, line + sentence}));
+            QCOMPARE(eachOnce(texts.asked), eachOnce({word, keys.line + sentence}));
             texts.asked.clear();
             page.getChartTitle(page.part<QLabel>("labelPieChartTitle"));
-            QCOMPARE(eachOnce(texts.asked), eachOnce({word, pie + sentence}));
+            QCOMPARE(eachOnce(texts.asked), eachOnce({word, keys.pie + sentence}));
         }
     }
 

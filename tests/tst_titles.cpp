@@ -29,20 +29,17 @@ private Q_SLOTS:
     void titlesOfEachKind_data() { titleKeyRows(); }
     void titlesOfEachKind()
     {
-        QFETCH(int, type);
-        QFETCH(QString, bar);
-        QFETCH(QString, line);
-        QFETCH(QString, pie);
-        ChartStage stage(type);
+        QFETCH(TitleKeys, keys);
+        ChartStage stage(keys.type);
         stage.page.m_nTimeType = 2;
         stage.page.m_strSelectedBar = "North";
         LogCapture log;
-        QCOMPARE(title(stage.page, "labelBarChartTitle"), barTitle(text(bar)));
-        QCOMPARE(title(stage.page, "labelLineChartTitle"), detailOfDays("North", line));
+        QCOMPARE(title(stage.page, "labelBarChartTitle"), barTitle(text(keys.bar)));
+        QCOMPARE(title(stage.page, "labelLineChartTitle"), detailOfDays("North", keys.line));
         QCOMPARE(log.lines(), QStringList());
         QCOMPARE(stage.page.m_strSelectedBar, u"North"_s);
-        const bool traffic = type == 7 || type == 8;
-        QCOMPARE(title(stage.page, "labelPieChartTitle"), detailOfDays(traffic ? "" : "North", pie));
+        const bool traffic = keys.type == 7 || keys.type == 8;
+        QCOMPARE(title(stage.page, "labelPieChartTitle"), detailOfDays(traffic ? "" : "North", keys.pie));
         QCOMPARE(log.lines(), traffic ? QStringList{" ServiceType unknown"} : QStringList());
         QCOMPARE(stage.page.m_strSelectedBar, traffic ? QString() : u"North"_s);
     }
@@ -50,11 +47,8 @@ private Q_SLOTS:
     void eachBuilderSetsItsTitleOnly_data() { titleKeyRows(); }
     void eachBuilderSetsItsTitleOnly()
     {
-        QFETCH(int, type);
-        QFETCH(QString, bar);
-        QFETCH(QString, line);
-        QFETCH(QString, pie);
-        ChartStage stage(type);
+        QFETCH(TitleKeys, keys);
+        ChartStage stage(keys.type);
         ProbePage &page = stage.page;
         page.m_nTimeType = 2;
         page.m_strSelectedBar = "North";
@@ -68,15 +62,15 @@ private Q_SLOTS:
             return titles;
         };
         titlesAfter(nullptr);
-        const bool dual = type >= 7;
+        const bool dual = keys.type >= 7;
         QCOMPARE(titlesAfter(dual ? page.createDualBarChart() : page.createBarChart()),
-            (QStringList{barTitle(text(bar)), "before", "before"}));
+            (QStringList{barTitle(text(keys.bar)), "before", "before"}));
         QCOMPARE(titlesAfter(dual ? page.createDualLineChart() : page.createLineChart()),
-            (QStringList{"before", detailOfDays("North", line), "before"}));
+            (QStringList{"before", detailOfDays("North", keys.line), "before"}));
         QCOMPARE(page.m_strSelectedBar, u"North"_s);
-        const QString named = type == 7 || type == 8 ? "" : "North";
-        QCOMPARE(
-            titlesAfter(page.createPieChart()), (QStringList{"before", "before", detailOfDays(named, pie)}));
+        const QString named = keys.type == 7 || keys.type == 8 ? "" : "North";
+        QCOMPARE(titlesAfter(page.createPieChart()),
+            (QStringList{"before", "before", detailOfDays(named, keys.pie)}));
         QCOMPARE(page.m_strSelectedBar, named);
     }
 

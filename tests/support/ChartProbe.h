@@ -20,6 +20,12 @@ namespace ChartProbe {
 /// The time that the page under test shows.
 inline const QString span = QStringLiteral("2024-05-01~2024-05-03");
 
+/// Waits until the series of freshly shown charts have grown to their size.
+inline void waitForAnimation()
+{
+    QTest::qWait(1300);
+}
+
 } // namespace ChartProbe
 
 /// A page of one kind whose organisation tree is empty, so that nothing is asked and the lists are the
@@ -48,6 +54,12 @@ struct ChartStage
     {
         page.loadChart();
         QCoreApplication::processEvents();
+    }
+    /// The same, and waits until the series have grown to their size.
+    void loadGrown()
+    {
+        page.loadChart();
+        ChartProbe::waitForAnimation();
     }
     void setTime(const QString &text) { page.part<QLineEdit>("lineEditTime")->setText(text); }
     QString titleText(const char *label) const { return page.part<QLabel>(label)->text(); }
@@ -96,6 +108,12 @@ inline QString callout(const QString &time, const QString &name, const QString &
         + QStringLiteral(" <br/><br/>                        &nbsp;  "
                          "<img src=\":/images/home/charts/nav_dot.png\" width=\"5\" height=\"5\"> ")
         + name + QStringLiteral(" &nbsp; ") + value + QStringLiteral(" </p>");
+}
+
+/// The text of the call-out that is seen, null without one.
+inline QString shownCallout(const ProbePage &page)
+{
+    return page.labelCallout && page.labelCallout->isVisible() ? page.labelCallout->text() : QString();
 }
 
 /// What rich text shows.
@@ -271,12 +289,6 @@ inline void moveTo(QChartView *view, const QPointF &chartPoint)
 inline void moveAway(QChartView *view)
 {
     QTest::mouseMove(view->viewport(), QPoint(1, 1));
-}
-
-/// Waits until the series of freshly shown charts have grown to their size.
-inline void waitForAnimation()
-{
-    QTest::qWait(1300);
 }
 
 /// Everything that a chart is built of.
