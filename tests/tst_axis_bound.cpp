@@ -30,8 +30,7 @@ private Q_SLOTS:
     void hundredRule()
     {
         QFETCH(int, maximum);
-        QFETCH(double, bound);
-        QCOMPARE(axisBound(AxisRule::Hundred, maximum), bound);
+        QTEST(axisBound(AxisRule::Hundred, maximum), "bound");
     }
 
     void digitRule_data()
@@ -55,8 +54,7 @@ private Q_SLOTS:
     void digitRule()
     {
         QFETCH(int, maximum);
-        QFETCH(double, bound);
-        QCOMPARE(axisBound(AxisRule::Digit, maximum), bound);
+        QTEST(axisBound(AxisRule::Digit, maximum), "bound");
     }
 
     void hundredRuleLeavesRoomOfAtMostAHundred()

@@ -197,14 +197,12 @@ private Q_SLOTS:
     void layoutsHoldTheirContent()
     {
         const QString name = rowName();
-        QFETCH(bool, vertical);
-        QFETCH(QString, owner);
         QFETCH(QString, content);
         const ProbePage page;
         const QBoxLayout *layout = boxLayout(page, name);
         QVERIFY(layout);
-        QCOMPARE(qobject_cast<const QVBoxLayout *>(layout) != nullptr, vertical);
-        QCOMPARE(layout->parent()->objectName(), owner);
+        QTEST(qobject_cast<const QVBoxLayout *>(layout) != nullptr, "vertical");
+        QTEST(layout->parent()->objectName(), "owner");
         QCOMPARE(contentOf(layout), content.split(u' '));
     }
 
@@ -304,12 +302,11 @@ private Q_SLOTS:
     {
         QFETCH(QString, layout);
         QFETCH(int, index);
-        QFETCH(QSizePolicy::Policy, policy);
         QFETCH(QSize, size);
         const ProbePage page;
         const QSpacerItem *spacer = boxLayout(page, layout)->itemAt(index)->spacerItem();
         QVERIFY(spacer);
-        QCOMPARE(spacer->sizePolicy().horizontalPolicy(), policy);
+        QTEST(spacer->sizePolicy().horizontalPolicy(), "policy");
         if (size.isValid())
             QCOMPARE(spacer->sizeHint(), size);
     }
@@ -387,12 +384,10 @@ private Q_SLOTS:
     void sizeLimits()
     {
         const QString name = rowName();
-        QFETCH(QSize, minimum);
-        QFETCH(QSize, maximum);
         const ProbePage page;
         const auto *widget = page.findChild<QWidget *>(name);
-        QCOMPARE(widget->minimumSize(), minimum);
-        QCOMPARE(widget->maximumSize(), maximum);
+        QTEST(widget->minimumSize(), "minimum");
+        QTEST(widget->maximumSize(), "maximum");
     }
 
     void sizePolicies_data()

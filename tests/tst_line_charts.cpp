@@ -238,7 +238,6 @@ private Q_SLOTS:
     {
         QFETCH(int, timeType);
         QFETCH(QStringList, labels);
-        QFETCH(QStringList, shown);
         for (const int type : {2, 6, 8}) {
             ChartStage stage(type);
             stage.page.m_nTimeType = timeType;
@@ -247,7 +246,7 @@ private Q_SLOTS:
                 stage.page.lineDataList2.append({label, 1});
             }
             const OwnedChart chart = build(stage.page);
-            QCOMPARE(seen(categories(chart.get())), shown);
+            QTEST(seen(categories(chart.get())), "shown");
             QCOMPARE(line(chart)->count(), labels.size());
         }
     }

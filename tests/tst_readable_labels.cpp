@@ -63,19 +63,26 @@ bool isShortened(const QString &text)
     return text.contains(QChar(0x2026)) || text.contains("..."_L1);
 }
 
-/// The labels that an axis below a chart has really drawn, from left to right.
-QList<QGraphicsTextItem *> drawnLabels(const QChart *chart)
+QList<QGraphicsTextItem *> drawnTexts(const QChart *chart)
 {
-    QList<QGraphicsTextItem *> labels;
+    QList<QGraphicsTextItem *> texts;
     const auto items = chart->scene()->items();
     for (QGraphicsItem *item : items) {
         auto *text = dynamic_cast<QGraphicsTextItem *>(item);
-        if (!text || !text->isVisible() || seen(text->toPlainText()).isEmpty())
-            continue;
-        const QPointF middle = chart->mapFromScene(text->sceneBoundingRect().center());
-        if (middle.y() > chart->plotArea().bottom() && middle.x() > chart->plotArea().left())
-            labels.append(text);
+        if (text && text->isVisible() && !seen(text->toPlainText()).isEmpty())
+            texts.append(text);
     }
+    return texts;
+}
+
+/// The labels that an axis below a chart has really drawn, from left to right.
+QList<QGraphicsTextItem *> drawnLabels(const QChart *chart)
+{
+    QList<QGraphicsTextItem *> labels = drawnTexts(chart);
+    labels.removeIf([chart](const QGraphicsTextItem *text) {
+        const QPointF middle = chart->mapFromScene(text->sceneBoundingRect().center());
+        return middle.y() <= chart->plotArea().bottom() || middle.x() <= chart->plotArea().left();
+    });
     std::sort(labels.begin(), labels.end(), [](const QGraphicsTextItem *a, const QGraphicsTextItem *b) {
         return a->sceneBoundingRect().center().x() < b->sceneBoundingRect().center().x();
     });
@@ -224,13 +231,7 @@ struct LegendStage
     /// The texts that the legend has really drawn, from top to bottom.
     QStringList texts() const
     {
-        QList<QGraphicsTextItem *> items;
-        const auto all = chart->scene()->items();
-        for (QGraphicsItem *item : all) {
-            auto *text = dynamic_cast<QGraphicsTextItem *>(item);
-            if (text && text->isVisible() && !text->toPlainText().isEmpty())
-                items.append(text);
-        }
+        QList<QGraphicsTextItem *> items = drawnTexts(chart);
         std::sort(items.begin(), items.end(), [](const QGraphicsItem *a, const QGraphicsItem *b) {
             return a->scenePos().y() < b->scenePos().y();
         });
