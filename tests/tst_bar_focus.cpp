@@ -5,6 +5,7 @@
 #include "support/ScriptedStatisticsManager.h"
 #include "support/StatisticsRows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <TalvixWidgets/ZrChartView.h>
 #include <TalvixWidgets/ZrPushButton.h>
@@ -24,10 +25,11 @@
 #include <string>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 Q_DECLARE_METATYPE(LabelledValues)
 
 namespace {
-
 /// Waits for longer than the focus delay of 800 ms before it gives up.
 constexpr int patience = 15000;
 constexpr int stretchedDelayMs = 3600 * 1000;
@@ -77,6 +79,12 @@ private:
         answerOrganisations({alarmsOfOrganisation(2, 40), alarmsOfOrganisation(3, 30),
             alarmsOfOrganisation(4, 20), alarmsOfOrganisation(1, 10)});
         answerRows(service->alarmStatisticsOfOrga, {alarmsOfPeriod("2024-05-03 08", -1, 3)});
+    }
+
+    bool openFour()
+    {
+        answerFourOrganisations();
+        return open(1);
     }
 
     /// A page of any kind with the bars North 40, South 30 and East 20, and a second series where the kind
@@ -158,9 +166,9 @@ private:
     QString calloutText(const QString &name, const QString &value) const
     {
         QString text = page->m_strToolTipFormat;
-        return text.replace(QStringLiteral("%1"), page->part<QLineEdit>("lineEditTime")->text())
-            .replace(QStringLiteral("%2"), name)
-            .replace(QStringLiteral("%3"), value);
+        return text.replace(u"%1"_s, page->part<QLineEdit>("lineEditTime")->text())
+            .replace(u"%2"_s, name)
+            .replace(u"%3"_s, value);
     }
 
     void press(const char *name) { QTest::mouseClick(page->part<QPushButton>(name), Qt::LeftButton); }
@@ -170,17 +178,21 @@ private:
         return page->part<QPushButton>(name)->property("highlight").toBool();
     }
 
-    int drillDowns() const
+    /// Whether the page sorts that way, and only that way's button says so.
+    bool isInOrder(bool descending) const
     {
-        return static_cast<int>(service->calls.count(QStringLiteral("getAlarmStatisticsOfOrga")));
+        return page->sortFlag == descending && highlighted("pushButtonDesc") == descending
+            && highlighted("pushButtonAsc") != descending;
     }
+
+    int drillDowns() const { return static_cast<int>(service->calls.count(u"getAlarmStatisticsOfOrga"_s)); }
     int lastDrillDown() const { return service->alarmStatisticsOfOrga.requests.constLast().orgaId; }
 
 private Q_SLOTS:
     void init()
     {
         client = std::make_unique<FakeKrxClient>();
-        client->setTree(QStringLiteral("1 Company\n  2 North\n  3 South\n  4 East"));
+        client->setTree(u"1 Company\n  2 North\n  3 South\n  4 East"_s);
         service = std::make_unique<ScriptedStatisticsManager>();
     }
 
@@ -195,14 +207,10 @@ private Q_SLOTS:
 
     void aBarTellsItsFigure_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("value");
-        QTest::newRow("alarms of organisations") << 1 << "30";
-        QTest::newRow("alarms of devices, a recorder's bar") << 2 << "30";
-        QTest::newRow("online organisations") << 3 << "30";
-        QTest::newRow("online devices, in percent") << 4 << "30%";
-        QTest::newRow("temperature of groups") << 5 << "30";
-        QTest::newRow("temperature of persons") << 6 << "30";
+        table<int, QString>({"type", "value"},
+            {{"alarms of organisations", 1, "30"}, {"alarms of devices, a recorder's bar", 2, "30"},
+                {"online organisations", 3, "30"}, {"online devices, in percent", 4, "30%"},
+                {"temperature of groups", 5, "30"}, {"temperature of persons", 6, "30"}});
     }
 
     void aBarTellsItsFigure()
@@ -210,15 +218,15 @@ private Q_SLOTS:
         QFETCH(int, type);
         QFETCH(QString, value);
         QVERIFY(openWithBars(type));
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("North"));
+        QCOMPARE(page->m_strSelectedBar, u"North"_s);
         const int setOfSouth = type == 2 || type == 4 ? 1 : 0;
         LogCapture log;
         QVERIFY(hover(1, setOfSouth));
         QVERIFY(calloutShows());
-        QCOMPARE(page->labelCallout->text(), calloutText(QStringLiteral("South"), value));
+        QCOMPARE(page->labelCallout->text(), calloutText(u"South"_s, value));
         QCOMPARE(page->labelCallout->pos(), page->mapFromGlobal(QCursor::pos()) + QPoint(15, -15));
-        QVERIFY(log.contains(QStringLiteral("BasicChart::slotBarSelected index  1 size 3")));
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QVERIFY(log.contains(u"BasicChart::slotBarSelected index  1 size 3"_s));
+        QCOMPARE(page->m_strSelectedBar, u"South"_s);
         QVERIFY(page->m_pTimer->isActive());
         QCOMPARE(page->m_pTimer->interval(), 800);
         QVERIFY(service->calls.isEmpty());
@@ -226,22 +234,13 @@ private Q_SLOTS:
 
     void aBarOfTwoTellsItsSet_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("setIndex");
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<QString>("value");
-        QTest::newRow("vehicles of organisations") << 7 << 0 << "TK_Vehicle"
-                                                   << "30";
-        QTest::newRow("pedestrians of organisations") << 7 << 1 << "TK_Pedestrian"
-                                                      << "35";
-        QTest::newRow("vehicles of devices") << 8 << 0 << "TK_Vehicle"
-                                             << "30";
-        QTest::newRow("pedestrians of devices") << 8 << 1 << "TK_Pedestrian"
-                                                << "35";
-        QTest::newRow("accepted alarms") << 9 << 0 << "TK_AlarmAccepted"
-                                         << "30";
-        QTest::newRow("alarms not accepted") << 9 << 1 << "TK_AlarmUnAccepted"
-                                             << "35";
+        table<int, int, QString, QString>({"type", "setIndex", "label", "value"},
+            {{"vehicles of organisations", 7, 0, "TK_Vehicle", "30"},
+                {"pedestrians of organisations", 7, 1, "TK_Pedestrian", "35"},
+                {"vehicles of devices", 8, 0, "TK_Vehicle", "30"},
+                {"pedestrians of devices", 8, 1, "TK_Pedestrian", "35"},
+                {"accepted alarms", 9, 0, "TK_AlarmAccepted", "30"},
+                {"alarms not accepted", 9, 1, "TK_AlarmUnAccepted", "35"}});
     }
 
     void aBarOfTwoTellsItsSet()
@@ -255,10 +254,12 @@ private Q_SLOTS:
         QVERIFY(hover(1, setIndex));
         QVERIFY(calloutShows());
         QCOMPARE(page->labelCallout->text(), calloutText(label, value));
-        QVERIFY(log.contains(QStringLiteral("BasicChart::slotBarSelected index  1 size 3")));
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QVERIFY(log.contains(u"BasicChart::slotBarSelected index  1 size 3"_s));
+        QCOMPARE(page->m_strSelectedBar, u"South"_s);
         QVERIFY(page->m_pTimer->isActive());
         QCOMPARE(page->m_pTimer->interval(), 800);
+        leaveBars();
+        QVERIFY(!calloutShows());
     }
 
     void aBarOfTwoLeadsToTheBarsOwnDetail()
@@ -277,14 +278,14 @@ private Q_SLOTS:
         page->barDataList2 = {{"TK_AlarmAccepted", 15}, {"South", 35}};
         page->devDataList = {{"TK_AlarmAccepted", "2"}, {"South", "3"}};
         page->loadChart();
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("TK_AlarmAccepted"));
+        QCOMPARE(page->m_strSelectedBar, u"TK_AlarmAccepted"_s);
         QVERIFY(hover(1, 0));
         QVERIFY(calloutShows());
         QVERIFY(!page->m_pTimer->isActive());
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("TK_AlarmAccepted"));
+        QCOMPARE(page->m_strSelectedBar, u"TK_AlarmAccepted"_s);
         QVERIFY(hover(1, 1));
         QVERIFY(page->m_pTimer->isActive());
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QCOMPARE(page->m_strSelectedBar, u"South"_s);
     }
 
     void aBarThatOneSeriesLacksIsHarmless()
@@ -295,36 +296,9 @@ private Q_SLOTS:
         page->devDataList = {{"North", "2"}, {"South", "3"}};
         page->loadChart();
         page->slotBarSelected(true, 1, set(1));
-        QCOMPARE(page->labelCallout->text(),
-            calloutText(QStringLiteral("TK_AlarmUnAccepted"), QStringLiteral("0")));
+        QCOMPARE(page->labelCallout->text(), calloutText(u"TK_AlarmUnAccepted"_s, u"0"_s));
         QVERIFY(!page->m_pTimer->isActive());
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("North"));
-    }
-
-    void figuresReadShort_data()
-    {
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("zero") << 0 << "0";
-        QTest::newRow("one figure") << 7 << "7";
-        QTest::newRow("a negative figure") << -5 << "-5";
-        QTest::newRow("six figures") << 999999 << "999999";
-        QTest::newRow("a million") << 1000000 << "1e+06";
-        QTest::newRow("seven figures") << 1234567 << "1.23457e+06";
-        QTest::newRow("the greatest figure") << 2147483647 << "2.14748e+09";
-    }
-
-    void figuresReadShort()
-    {
-        QFETCH(int, value);
-        QFETCH(QString, text);
-        for (int type : {1, 4}) {
-            QVERIFY(openWithBars(type));
-            page->barDataList = {{"North", value}};
-            page->slotBarSelected(true, 0, set(0));
-            QCOMPARE(page->labelCallout->text(),
-                calloutText(QStringLiteral("North"), type == 4 ? text + QLatin1Char('%') : text));
-        }
+        QCOMPARE(page->m_strSelectedBar, u"North"_s);
     }
 
     void figuresOfTwoSetsReadShort()
@@ -335,17 +309,14 @@ private Q_SLOTS:
         page->devDataList = {{"North", "2"}};
         page->loadChart();
         page->slotBarSelected(true, 0, set(0));
-        QCOMPARE(page->labelCallout->text(),
-            calloutText(QStringLiteral("TK_AlarmAccepted"), QStringLiteral("1.23457e+06")));
+        QCOMPARE(page->labelCallout->text(), calloutText(u"TK_AlarmAccepted"_s, u"1.23457e+06"_s));
         page->slotBarSelected(true, 0, set(1));
-        QCOMPARE(page->labelCallout->text(),
-            calloutText(QStringLiteral("TK_AlarmUnAccepted"), QStringLiteral("-8")));
+        QCOMPARE(page->labelCallout->text(), calloutText(u"TK_AlarmUnAccepted"_s, u"-8"_s));
     }
 
     void restingOnABarLoadsItsDetail()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         const QPointer<QChart> bars = page->barChartView->chart();
         const QPointer<QChart> line = page->lineChartView->chart();
         const QPointer<QChart> pie = page->pieChartView->chart();
@@ -358,22 +329,20 @@ private Q_SLOTS:
         QCOMPARE(service->calls, QStringList{"getAlarmStatisticsOfOrga"});
         QCOMPARE(lastDrillDown(), 4);
         QCOMPARE(page->lineDataList, (LabelledValues{{"2024-05-03 09", 6}}));
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("East"));
+        QCOMPARE(page->m_strSelectedBar, u"East"_s);
         QVERIFY(bars && page->barChartView->chart() == bars);
         QVERIFY(!line || page->lineChartView->chart() != line);
         QVERIFY(!pie || page->pieChartView->chart() != pie);
-        const QString focus =
-            loggedBehind(log.lines(), QStringLiteral("BasicChart::slotBarSetChanged bar  id "));
-        QCOMPARE(focus, QStringLiteral("\"East\" index 2 size 4"));
+        const QString focus = loggedBehind(log.lines(), u"BasicChart::slotBarSetChanged bar  id "_s);
+        QCOMPARE(focus, u"\"East\" index 2 size 4"_s);
         QVERIFY(inOrder(
             log.lines(), {"BasicChart::slotBarSetChanged bar  id *", "BasicChart::getChartDataByBarId"}));
-        QVERIFY(!log.contains(QStringLiteral("BasicChart::loadChart")));
+        QVERIFY(!log.contains(u"BasicChart::loadChart"_s));
     }
 
     void aHoverThatEndsEarlyStillLoads()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         QVERIFY(hover(1));
         stretchDelay();
         leaveBars();
@@ -389,8 +358,7 @@ private Q_SLOTS:
 
     void ofSeveralBarsTheLastOneWins()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         for (int bar : {1, 2, 3})
             QTRY_VERIFY_WITH_TIMEOUT(standsAt(middleOf(bar)), patience);
         for (int bar : {1, 2, 3}) {
@@ -408,33 +376,30 @@ private Q_SLOTS:
 
     void theBarInFocusShowsItsFigureAndAsksNothing()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         QVERIFY(hover(0));
         QVERIFY(calloutShows());
-        QCOMPARE(page->labelCallout->text(), calloutText(QStringLiteral("North"), QStringLiteral("40")));
+        QCOMPARE(page->labelCallout->text(), calloutText(u"North"_s, u"40"_s));
         QVERIFY(!page->m_pTimer->isActive());
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("North"));
+        QCOMPARE(page->m_strSelectedBar, u"North"_s);
         QVERIFY(service->calls.isEmpty());
     }
 
     void aPressOnABarAsksNothing()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         QVERIFY(hover(0));
         QTest::mouseClick(page->barChartView->viewport(), Qt::LeftButton, {}, middleOf(0));
         QTest::mouseDClick(page->barChartView->viewport(), Qt::LeftButton, {}, middleOf(0));
         QTest::mouseRelease(page->barChartView->viewport(), Qt::LeftButton, {}, middleOf(0));
         QVERIFY(service->calls.isEmpty());
         QVERIFY(!page->m_pTimer->isActive());
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("North"));
+        QCOMPARE(page->m_strSelectedBar, u"North"_s);
     }
 
     void anEmptyDetailTellsSoAndEmptiesLineAndPie()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         QVERIFY(!page->lineDataList.isEmpty());
         answerRows(service->alarmStatisticsOfOrga, {});
         QVERIFY(hover(1));
@@ -445,14 +410,13 @@ private Q_SLOTS:
         QVERIFY(page->pieDataList.isEmpty());
         QVERIFY(page->lineChartView->chart()->isVisible());
         QCOMPARE(page->barDataList.size(), 4);
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QCOMPARE(page->m_strSelectedBar, u"South"_s);
     }
 
     void aFailedDetailIsNotAskedAgainByTheSameBar()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
-        service->failOperation(QStringLiteral("getAlarmStatisticsOfOrga"), QStringLiteral("no route"));
+        QVERIFY(openFour());
+        service->failOperation(u"getAlarmStatisticsOfOrga"_s, u"no route"_s);
         const QPointer<QChart> line = page->lineChartView->chart();
         QVERIFY(hover(1));
         QTRY_VERIFY_WITH_TIMEOUT(!page->m_pTimer->isActive(), patience);
@@ -460,7 +424,7 @@ private Q_SLOTS:
         QVERIFY(page->lineDataList.isEmpty());
         QVERIFY(page->pieDataList.isEmpty());
         QVERIFY(!line || page->lineChartView->chart() != line);
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QCOMPARE(page->m_strSelectedBar, u"South"_s);
         leaveBars();
         QVERIFY(hover(1));
         QVERIFY(calloutShows());
@@ -495,7 +459,7 @@ private Q_SLOTS:
         QVERIFY(open(1));
         QVERIFY(hover(2));
         QVERIFY(calloutShows());
-        QCOMPARE(page->labelCallout->text(), calloutText(QStringLiteral("North"), QStringLiteral("10")));
+        QCOMPARE(page->labelCallout->text(), calloutText(u"North"_s, u"10"_s));
         QTRY_VERIFY_WITH_TIMEOUT(!page->m_pTimer->isActive(), patience);
         QCOMPARE(lastDrillDown(), 2);
         // The other bar of that name is in focus as well now.
@@ -508,7 +472,7 @@ private Q_SLOTS:
     {
         answerOrganisations({alarmsOfOrganisation(2, 5), alarmsOfOrganisation(3, 5)});
         QVERIFY(open(1));
-        QString name = QStringLiteral("South");
+        QString name = u"South"_s;
         page->slotBarSetChanged(name);
         QCOMPARE(lastDrillDown(), 3);
         answerOrganisations(
@@ -516,27 +480,24 @@ private Q_SLOTS:
         page->slotSearch();
         page->slotBarSetChanged(name);
         QCOMPARE(lastDrillDown(), 3);
-        name = QStringLiteral("East");
+        name = u"East"_s;
         page->slotBarSetChanged(name);
         QCOMPARE(lastDrillDown(), 4);
     }
 
     void anEndOfHoverHidesTheCallOutAlone_data()
     {
-        QTest::addColumn<bool>("state");
-        QTest::addColumn<int>("index");
-        QTest::newRow("the hover ends") << false << 1;
-        QTest::newRow("the hover ends behind the last bar") << false << 4;
-        QTest::newRow("a hover just behind the last bar") << true << 4;
-        QTest::newRow("a hover far behind the last bar") << true << 2147483647;
+        table<bool, int>({"state", "index"},
+            {{"the hover ends", false, 1}, {"the hover ends behind the last bar", false, 4},
+                {"a hover just behind the last bar", true, 4},
+                {"a hover far behind the last bar", true, 2147483647}});
     }
 
     void anEndOfHoverHidesTheCallOutAlone()
     {
         QFETCH(bool, state);
         QFETCH(int, index);
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         page->slotBarSelected(state, index, set(0));
         QVERIFY(!page->labelCallout);
         page->slotBarSelected(true, 1, set(0));
@@ -545,14 +506,13 @@ private Q_SLOTS:
         page->slotBarSelected(state, index, set(0));
         QVERIFY(!calloutShows());
         QVERIFY(page->m_pTimer->isActive());
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QCOMPARE(page->m_strSelectedBar, u"South"_s);
         QCOMPARE(log.lines(), QStringList());
     }
 
     void aHoverWithoutASetIsIgnored()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         page->slotBarSelected(true, 1, set(0));
         page->m_pTimer->stop();
         LogCapture log;
@@ -560,31 +520,13 @@ private Q_SLOTS:
         page->slotBarSelected(false, 2, nullptr);
         QVERIFY(calloutShows());
         QVERIFY(!page->m_pTimer->isActive());
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QCOMPARE(page->m_strSelectedBar, u"South"_s);
         QCOMPARE(log.lines(), QStringList());
-    }
-
-    void aNegativePlaceIsHarmless_data()
-    {
-        QTest::addColumn<int>("type");
-        for (int type = 1; type <= 9; ++type)
-            QTest::addRow("kind %d", type) << type;
-    }
-
-    void aNegativePlaceIsHarmless()
-    {
-        QFETCH(int, type);
-        QVERIFY(openWithBars(type));
-        const QString focus = page->m_strSelectedBar;
-        page->slotBarSelected(true, -1, set(0));
-        QCOMPARE(page->m_strSelectedBar, focus);
-        QVERIFY(!page->m_pTimer->isActive());
     }
 
     void theDelayEndsWithOneSignal()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         page->slotTimerReq();
         QCOMPARE(announced, QStringList{"North"});
         page->m_strSelectedBar.clear();
@@ -596,34 +538,29 @@ private Q_SLOTS:
 
     void theSignalIsConnectedOnceHoweverOftenChartsAreLoaded()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         page->slotSearch();
         page->loadChart();
         page->reloadLineAndPieChart();
         forget();
-        QString name = QStringLiteral("East");
+        QString name = u"East"_s;
         Q_EMIT page->barSetChanged(name);
         QCOMPARE(service->calls, QStringList{"getAlarmStatisticsOfOrga"});
     }
 
     void aNameThatNoBarHasLoadsNothing_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("withoutKeys");
-        QTest::newRow("an unknown name") << "West" << false;
-        QTest::newRow("an empty name") << "" << false;
-        QTest::newRow("a name in other case") << "east" << false;
-        QTest::newRow("a key is no name") << "4" << false;
-        QTest::newRow("no keys at all") << "East" << true;
+        table<QString, bool>({"name", "withoutKeys"},
+            {{"an unknown name", "West", false}, {"an empty name", "", false},
+                {"a name in other case", "east", false}, {"a key is no name", "4", false},
+                {"no keys at all", "East", true}});
     }
 
     void aNameThatNoBarHasLoadsNothing()
     {
         QFETCH(QString, name);
         QFETCH(bool, withoutKeys);
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         if (withoutKeys)
             page->devDataList.clear();
         const LabelledValues line = page->lineDataList;
@@ -638,35 +575,30 @@ private Q_SLOTS:
 
     void theFocusOutlivesASearchWithoutResult()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         QVERIFY(hover(1));
         page->m_pTimer->stop();
-        service->failWith(QStringLiteral("closed"));
+        service->failWith(u"closed"_s);
         page->slotSearch();
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QCOMPARE(page->m_strSelectedBar, u"South"_s);
         service->failWith({});
         page->slotSearch();
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("North"));
+        QCOMPARE(page->m_strSelectedBar, u"North"_s);
     }
 
     // Sorting
 
     void aSearchShowsTheClientsOrder_data()
     {
-        QTest::addColumn<bool>("descending");
-        QTest::addColumn<LabelledValues>("bars");
-        QTest::addColumn<QList<int>>("opened");
-        QTest::newRow("descending keeps ties in the answer's order")
-            << true << LabelledValues{{"East", 9}, {"North", 5}, {"South", 5}} << QList<int>{2, 4};
-        QTest::newRow("ascending turns ties round")
-            << false << LabelledValues{{"South", 5}, {"North", 5}, {"East", 9}} << QList<int>{2, 3};
+        table<bool, LabelledValues, QList<int>>({"descending", "bars", "opened"},
+            {{"descending keeps ties in the answer's order", true, {{"East", 9}, {"North", 5}, {"South", 5}},
+                 {2, 4}},
+                {"ascending turns ties round", false, {{"South", 5}, {"North", 5}, {"East", 9}}, {2, 3}}});
     }
 
     void aSearchShowsTheClientsOrder()
     {
         QFETCH(bool, descending);
-        QFETCH(QList<int>, opened);
         QVERIFY(open(1));
         answerOrganisations(
             {alarmsOfOrganisation(2, 5), alarmsOfOrganisation(3, 5), alarmsOfOrganisation(4, 9)});
@@ -678,7 +610,7 @@ private Q_SLOTS:
         QList<int> asked;
         for (const auto &request : service->alarmStatisticsOfOrga.requests)
             asked.append(request.orgaId);
-        QCOMPARE(asked, opened);
+        QTEST(asked, "opened");
         QCOMPARE(page->m_strSelectedBar, page->barDataList.constFirst().first);
         QCOMPARE(page->devDataList, (LabelledKeys{{"North", "2"}, {"South", "3"}, {"East", "4"}}));
         QCOMPARE(series()->barSets().constFirst()->at(0), double(page->barDataList.constFirst().second));
@@ -686,8 +618,7 @@ private Q_SLOTS:
 
     void aSearchInOrderOpensTheFirstBarOnce()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         page->slotSearch();
         QCOMPARE(service->calls, (QStringList{"getAlarmStatisticsOfOrgas", "getAlarmStatisticsOfOrga"}));
         QCOMPARE(lastDrillDown(), 2);
@@ -695,44 +626,37 @@ private Q_SLOTS:
 
     void ascendingReordersAndOpensTheNewFirstBar()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
-        QVERIFY(highlighted("pushButtonDesc"));
-        QVERIFY(!highlighted("pushButtonAsc"));
+        QVERIFY(openFour());
+        QVERIFY(isInOrder(true));
         const QPointer<QChart> bars = page->barChartView->chart();
         const QPointer<QChart> line = page->lineChartView->chart();
         LogCapture log;
         press("pushButtonAsc");
         QCOMPARE(listKeys(page->barDataList), (QStringList{"Company", "East", "South", "North"}));
         QCOMPARE(listKeys(page->devDataList), (QStringList{"North", "South", "East", "Company"}));
-        QVERIFY(!page->sortFlag);
-        QVERIFY(highlighted("pushButtonAsc"));
-        QVERIFY(!highlighted("pushButtonDesc"));
+        QVERIFY(isInOrder(false));
         QCOMPARE(service->calls, QStringList{"getAlarmStatisticsOfOrga"});
         QCOMPARE(lastDrillDown(), 1);
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("Company"));
+        QCOMPARE(page->m_strSelectedBar, u"Company"_s);
         QVERIFY(!bars || page->barChartView->chart() != bars);
         QVERIFY(!line || page->lineChartView->chart() != line);
         QVERIFY(inOrder(log.lines(),
             {"BasicChart::getChartDataByBarId", "BasicChart::loadChart",
                 "BasicChart::on_pushButtonAsc_clicked"}));
-        QCOMPARE(log.count(QStringLiteral("BasicChart::on_pushButtonAsc_clicked")), 1);
-        QVERIFY(!log.contains(QStringLiteral("BasicChart::slotSearch ")));
+        QCOMPARE(log.count(u"BasicChart::on_pushButtonAsc_clicked"_s), 1);
+        QVERIFY(!log.contains(u"BasicChart::slotSearch "_s));
     }
 
     void descendingReordersAndOpensTheNewFirstBar()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         press("pushButtonAsc");
         forget();
         const QPointer<QChart> bars = page->barChartView->chart();
         LogCapture log;
         press("pushButtonDesc");
         QCOMPARE(listKeys(page->barDataList), (QStringList{"North", "South", "East", "Company"}));
-        QVERIFY(page->sortFlag);
-        QVERIFY(highlighted("pushButtonDesc"));
-        QVERIFY(!highlighted("pushButtonAsc"));
+        QVERIFY(isInOrder(true));
         QCOMPARE(service->calls, QStringList{"getAlarmStatisticsOfOrga"});
         QCOMPARE(lastDrillDown(), 2);
         QVERIFY(!bars || page->barChartView->chart() != bars);
@@ -757,7 +681,7 @@ private Q_SLOTS:
             press("pushButtonAsc");
             QCOMPARE(listKeys(page->barDataList), order);
             QCOMPARE(drillDowns(), 1);
-            QCOMPARE(lastDrillDown(), order.constFirst() == QLatin1String("North") ? 2 : 3);
+            QCOMPARE(lastDrillDown(), order.constFirst() == "North"_L1 ? 2 : 3);
             QVERIFY(!bars || page->barChartView->chart() != bars);
             QVERIFY(!line || page->lineChartView->chart() != line);
         }
@@ -776,14 +700,13 @@ private Q_SLOTS:
         QCOMPARE(listKeys(page->barDataList), (QStringList{"East", "North", "South"}));
         QVERIFY(service->calls.isEmpty());
         QVERIFY(bars && page->barChartView->chart() == bars);
-        QVERIFY(!log.contains(QStringLiteral("BasicChart::loadChart")));
-        QCOMPARE(log.count(QStringLiteral("BasicChart::on_pushButtonDesc_clicked")), 2);
+        QVERIFY(!log.contains(u"BasicChart::loadChart"_s));
+        QCOMPARE(log.count(u"BasicChart::on_pushButtonDesc_clicked"_s), 2);
     }
 
     void aDetailAfterASortIsAskedForInTheOldOrder()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         QList<bool> seen;
         service->alarmStatisticsOfOrga.answer = [this, &seen](const auto &, auto &) {
             seen.append({page->sortFlag, highlighted("pushButtonDesc"), highlighted("pushButtonAsc")});
@@ -800,8 +723,7 @@ private Q_SLOTS:
 
     void severalBarsInOrderTriggerNothing()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         const QPointer<QChart> bars = page->barChartView->chart();
         press("pushButtonDesc");
         QVERIFY(service->calls.isEmpty());
@@ -817,13 +739,12 @@ private Q_SLOTS:
 
     void aSearchWithinTheDelayTurnsItToTheFirstBar()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         QVERIFY(hover(1));
         stretchDelay();
         page->slotSearch();
         QVERIFY(page->m_pTimer->isActive());
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("North"));
+        QCOMPARE(page->m_strSelectedBar, u"North"_s);
         forget();
         page->m_pTimer->setInterval(1);
         QTRY_VERIFY_WITH_TIMEOUT(!page->m_pTimer->isActive(), patience);
@@ -834,9 +755,7 @@ private Q_SLOTS:
 
     void aReloadWithinTheDelayOfTrafficForgetsTheBar_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::newRow("organisations") << 7;
-        QTest::newRow("devices") << 8;
+        table<int>({"type"}, {{"organisations", 7}, {"devices", 8}});
     }
 
     void aReloadWithinTheDelayOfTrafficForgetsTheBar()
@@ -844,7 +763,7 @@ private Q_SLOTS:
         QFETCH(int, type);
         QVERIFY(openWithBars(type));
         QVERIFY(hover(1));
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QCOMPARE(page->m_strSelectedBar, u"South"_s);
         stretchDelay();
         page->loadChart();
         QVERIFY(page->m_pTimer->isActive());
@@ -858,10 +777,7 @@ private Q_SLOTS:
 
     void aKindThatNobodyKnowsHasOneSeries_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::newRow("zero") << 0;
-        QTest::newRow("behind the last kind") << 10;
-        QTest::newRow("below zero") << -1;
+        table<int>({"type"}, {{"zero", 0}, {"behind the last kind", 10}, {"below zero", -1}});
     }
 
     void aKindThatNobodyKnowsHasOneSeries()
@@ -871,8 +787,8 @@ private Q_SLOTS:
         page->setServiceType(type);
         page->slotBarSelected(true, 1, set(0));
         QVERIFY(calloutShows());
-        QCOMPARE(page->labelCallout->text(), calloutText(QStringLiteral("South"), QStringLiteral("30")));
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("South"));
+        QCOMPARE(page->labelCallout->text(), calloutText(u"South"_s, u"30"_s));
+        QCOMPARE(page->m_strSelectedBar, u"South"_s);
         QVERIFY(page->m_pTimer->isActive());
     }
 
@@ -884,14 +800,11 @@ private Q_SLOTS:
         press("pushButtonAsc");
         QVERIFY(service->calls.isEmpty());
         QVERIFY(bars && page->barChartView->chart() == bars);
-        QVERIFY(!page->sortFlag);
-        QVERIFY(highlighted("pushButtonAsc"));
-        QVERIFY(!highlighted("pushButtonDesc"));
+        QVERIFY(isInOrder(false));
         press("pushButtonDesc");
         QVERIFY(service->calls.isEmpty());
         QVERIFY(bars && page->barChartView->chart() == bars);
-        QVERIFY(page->sortFlag);
-        QVERIFY(highlighted("pushButtonDesc"));
+        QVERIFY(isInOrder(true));
     }
 
     void withoutBarsASortButtonOnlySetsTheOrder()
@@ -899,15 +812,11 @@ private Q_SLOTS:
         QVERIFY(open(1));
         LogCapture log;
         press("pushButtonAsc");
-        QVERIFY(!page->sortFlag);
-        QVERIFY(highlighted("pushButtonAsc"));
-        QVERIFY(!highlighted("pushButtonDesc"));
+        QVERIFY(isInOrder(false));
         QCOMPARE(log.lines(), QStringList{"BasicChart::on_pushButtonAsc_clicked"});
         log.clear();
         press("pushButtonDesc");
-        QVERIFY(page->sortFlag);
-        QVERIFY(highlighted("pushButtonDesc"));
-        QVERIFY(!highlighted("pushButtonAsc"));
+        QVERIFY(isInOrder(true));
         QCOMPARE(log.lines(), QStringList{"BasicChart::on_pushButtonDesc_clicked"});
         QVERIFY(service->calls.isEmpty());
         QVERIFY(page->m_chartViewList.isEmpty());
@@ -915,8 +824,7 @@ private Q_SLOTS:
 
     void theNextSearchCarriesTheOrder()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         page->slotSearch();
         QCOMPARE(service->alarmStatisticsOfOrgas.requests.constLast().sortType, 1);
         press("pushButtonAsc");
@@ -928,20 +836,17 @@ private Q_SLOTS:
 
     void eachShowEndsDescending()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         press("pushButtonAsc");
         page->hide();
         forget();
         page->show();
         QVERIFY(QTest::qWaitForWindowExposed(page.get()));
         QCOMPARE(service->alarmStatisticsOfOrgas.requests.constLast().sortType, 2);
-        QVERIFY(page->sortFlag);
-        QVERIFY(highlighted("pushButtonDesc"));
-        QVERIFY(!highlighted("pushButtonAsc"));
+        QVERIFY(isInOrder(true));
         QCOMPARE(listKeys(page->barDataList), (QStringList{"North", "South", "East", "Company"}));
         QCOMPARE(lastDrillDown(), 2);
-        QCOMPARE(page->m_strSelectedBar, QStringLiteral("North"));
+        QCOMPARE(page->m_strSelectedBar, u"North"_s);
     }
 
     void aSortOfAPageAsksForDetailAlone()
@@ -994,17 +899,11 @@ private Q_SLOTS:
 
     void aReorderOpensTheFirstBarByItsName_data()
     {
-        QTest::addColumn<LabelledValues>("bars");
-        QTest::addColumn<QStringList>("names");
-        QTest::addColumn<QList<int>>("opened");
-        QTest::newRow("found") << LabelledValues{{"South", 1}} << QStringList{"North", "South"}
-                               << QList<int>{101};
-        QTest::newRow("of two of one name the first")
-            << LabelledValues{{"South", 1}} << QStringList{"South", "North", "South"} << QList<int>{100};
-        QTest::newRow("not found") << LabelledValues{{"West", 1}} << QStringList{"North", "South"}
-                                   << QList<int>{};
-        QTest::newRow("no keys") << LabelledValues{{"South", 1}} << QStringList{} << QList<int>{};
-        QTest::newRow("no bars") << LabelledValues{} << QStringList{"North"} << QList<int>{};
+        table<LabelledValues, QStringList, QList<int>>({"bars", "names", "opened"},
+            {{"found", {{"South", 1}}, {"North", "South"}, {101}},
+                {"of two of one name the first", {{"South", 1}}, {"South", "North", "South"}, {100}},
+                {"not found", {{"West", 1}}, {"North", "South"}, {}}, {"no keys", {{"South", 1}}, {}, {}},
+                {"no bars", {}, {"North"}, {}}});
     }
 
     void aReorderOpensTheFirstBarByItsName()
@@ -1012,8 +911,7 @@ private Q_SLOTS:
         QFETCH(LabelledValues, bars);
         QFETCH(QStringList, names);
         QFETCH(QList<int>, opened);
-        answerFourOrganisations();
-        QVERIFY(open(1));
+        QVERIFY(openFour());
         page->barDataList = bars;
         page->devDataList.clear();
         for (int i = 0; i < names.size(); ++i)
@@ -1030,9 +928,8 @@ private Q_SLOTS:
 
     void oldBarsStillSortAfterAFailedSearch()
     {
-        answerFourOrganisations();
-        QVERIFY(open(1));
-        service->failOperation(QStringLiteral("getAlarmStatisticsOfOrgas"), QStringLiteral("closed"));
+        QVERIFY(openFour());
+        service->failOperation(u"getAlarmStatisticsOfOrgas"_s, u"closed"_s);
         page->slotSearch();
         QVERIFY(!page->barChartView->chart()->isVisible());
         forget();
@@ -1057,9 +954,7 @@ private Q_SLOTS:
 
     void pagesTurnByTheButtons_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::newRow("alarms of devices") << 2;
-        QTest::newRow("online devices") << 4;
+        table<int>({"type"}, {{"alarms of devices", 2}, {"online devices", 4}});
     }
 
     void pagesTurnByTheButtons()
@@ -1067,24 +962,22 @@ private Q_SLOTS:
         QFETCH(int, type);
         for (const char *uid : {"d1", "d2", "d3"})
             client->addDevice(uid, uid);
-        service->alarmStatisticsOfDevices.answer = [](const auto &request, auto &response) {
-            response.records = {alarmsOfDevice("d" + std::to_string(request.pageIndex), request.pageIndex)};
-            response.curPage = request.pageIndex;
-            response.totalPage = 3;
-            return true;
+        const auto oneOfThree = [](const auto &row) {
+            return [row](const auto &request, auto &response) {
+                response.records = {row("d" + std::to_string(request.pageIndex), request.pageIndex)};
+                response.curPage = request.pageIndex;
+                response.totalPage = 3;
+                return true;
+            };
         };
-        service->onlineStatisticsOfDevices.answer = [](const auto &request, auto &response) {
-            response.records = {onlineOfDevice("d" + std::to_string(request.pageIndex), request.pageIndex)};
-            response.curPage = request.pageIndex;
-            response.totalPage = 3;
-            return true;
-        };
+        service->alarmStatisticsOfDevices.answer = oneOfThree(alarmsOfDevice);
+        service->onlineStatisticsOfDevices.answer = oneOfThree(onlineOfDevice);
         QVERIFY(open(type));
         const auto check = [this](int current, bool previous, bool next) {
             return page->m_nCurPage == current && page->m_nTotalPage == 3
                 && page->pushButtonPrevious->isVisible() == previous
                 && page->pushButtonNext->isVisible() == next
-                && page->barDataList == LabelledValues{{QStringLiteral("d%1").arg(current), current}}
+                && page->barDataList == LabelledValues{{u"d%1"_s.arg(current), current}}
             && page->devDataList.size() == 1;
         };
         QVERIFY(check(1, false, true));
@@ -1106,38 +999,13 @@ private Q_SLOTS:
         QVERIFY(check(1, false, true));
     }
 
-    void onlyDevicesAndPersonsHavePages_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<bool>("paged");
-        for (int type = 1; type <= 9; ++type)
-            QTest::addRow("kind %d", type) << type << (type == 2 || type == 4 || type == 6);
-    }
-
-    void onlyDevicesAndPersonsHavePages()
-    {
-        QFETCH(int, type);
-        QFETCH(bool, paged);
-        QVERIFY(openWithBars(type));
-        QVERIFY(page->barChartView);
-        QCOMPARE(page->pushButtonNext != nullptr, paged);
-        QCOMPARE(page->pushButtonPrevious != nullptr, paged);
-    }
-
     void aPageStopsAtTheEnds_data()
     {
-        QTest::addColumn<int>("current");
-        QTest::addColumn<int>("total");
-        QTest::addColumn<int>("afterNext");
-        QTest::addColumn<int>("afterPrevious");
-        QTest::newRow("a single page") << 1 << 1 << 1 << 1;
-        QTest::newRow("the first of two") << 1 << 2 << 2 << 1;
-        QTest::newRow("the last of two") << 2 << 2 << 2 << 1;
-        QTest::newRow("no pages") << 1 << 0 << 1 << 1;
-        QTest::newRow("before the first") << 0 << 3 << 1 << 0;
-        QTest::newRow("far before the first") << -5 << -5 << -5 << -5;
-        QTest::newRow("behind the last") << 7 << 3 << 7 << 6;
-        QTest::newRow("the last page of all") << 2147483647 << 2147483647 << 2147483647 << 2147483646;
+        table<int, int, int, int>({"current", "total", "afterNext", "afterPrevious"},
+            {{"a single page", 1, 1, 1, 1}, {"the first of two", 1, 2, 2, 1}, {"the last of two", 2, 2, 2, 1},
+                {"no pages", 1, 0, 1, 1}, {"before the first", 0, 3, 1, 0},
+                {"far before the first", -5, -5, -5, -5}, {"behind the last", 7, 3, 7, 6},
+                {"the last page of all", 2147483647, 2147483647, 2147483647, 2147483646}});
     }
 
     void aPageStopsAtTheEnds()
@@ -1204,9 +1072,7 @@ private Q_SLOTS:
 
     void aPageThatFailsKeepsItsNumber_data()
     {
-        QTest::addColumn<bool>("refused");
-        QTest::newRow("refused") << true;
-        QTest::newRow("no rows") << false;
+        table<bool>({"refused"}, {{"refused", true}, {"no rows", false}});
     }
 
     void aPageThatFailsKeepsItsNumber()
@@ -1219,7 +1085,7 @@ private Q_SLOTS:
         QVERIFY(page->pushButtonPrevious->isVisible());
         answerRows(service->alarmStatisticsOfDevices, {});
         if (refused)
-            service->failWith(QStringLiteral("closed"));
+            service->failWith(u"closed"_s);
         press("pushButtonNext");
         QCOMPARE(page->m_nCurPage, 3);
         QCOMPARE(page->m_nTotalPage, 9);

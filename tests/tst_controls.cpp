@@ -1,6 +1,7 @@
 #include "support/EventCount.h"
 #include "support/LogCapture.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <devhost/widgets/HostSettings.h>
 #include <TalvixWidgets/AppStyleHelper.h>
@@ -126,6 +127,43 @@ QDateTime at(const char *text)
 {
     return QDateTime::fromString(QString::fromLatin1(text), QStringLiteral("yyyy-MM-dd hh:mm"));
 }
+
+using Spans = QList<std::pair<QDateTime, QDateTime>>;
+
+/// A calendar that is open for a span, and what it answers.
+class OpenCalendar : public ZrCalendarWidget
+{
+public:
+    OpenCalendar(QueryType type, const QDateTime &start, const QDateTime &stop)
+        : ZrCalendarWidget(nullptr)
+    {
+        setType(type);
+        showDialog(start, stop);
+    }
+
+    Spans answers() const
+    {
+        Spans spans;
+        for (const QVariantList &answer : m_answers)
+            spans.append({answer.at(0).toDateTime(), answer.at(1).toDateTime()});
+        return spans;
+    }
+
+private:
+    const QSignalSpy m_answers{this, &ZrCalendarWidget::signalDataTimeChanged};
+};
+
+/// A tree on show, its root current.
+class ShownTree : public ZrComboBoxWithTree
+{
+public:
+    explicit ShownTree(const QList<NODE> &nodes = company())
+        : ZrComboBoxWithTree(nullptr)
+    {
+        fill(*this, nodes);
+        show();
+    }
+};
 
 } // namespace
 
@@ -297,15 +335,10 @@ void TestControls::theBaseSetsTheMarkAtAHide()
 
 void TestControls::aReadOnlyFieldOpensByKeys_data()
 {
-    QTest::addColumn<bool>("readOnly");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("openings");
-
-    QTest::newRow("Enter opens it") << true << int(Qt::Key_Return) << 1;
-    QTest::newRow("so does the space bar") << true << int(Qt::Key_Space) << 1;
-    QTest::newRow("so does the arrow down") << true << int(Qt::Key_Down) << 1;
-    QTest::newRow("a letter does not") << true << int(Qt::Key_A) << 0;
-    QTest::newRow("a field that takes text stays closed") << false << int(Qt::Key_Return) << 0;
+    table<bool, int, int>({"readOnly", "key", "openings"},
+        {{"Enter opens it", true, Qt::Key_Return, 1}, {"so does the space bar", true, Qt::Key_Space, 1},
+            {"so does the arrow down", true, Qt::Key_Down, 1}, {"a letter does not", true, Qt::Key_A, 0},
+            {"a field that takes text stays closed", false, Qt::Key_Return, 0}});
 }
 
 void TestControls::aReadOnlyFieldOpensByKeys()
@@ -923,16 +956,13 @@ void TestControls::theCalendarKnowsItsWidthBeforeItIsShown()
 
 void TestControls::enterConfirmsTheSpanThatItWasOpenedWith_data()
 {
-    QTest::addColumn<ZrCalendarWidget::QueryType>("type");
-    QTest::addColumn<QDateTime>("start");
-    QTest::addColumn<QDateTime>("stop");
-
-    QTest::newRow("months") << ZrCalendarWidget::Month << at("2023-11-01 00:00") << at("2024-05-01 00:00");
-    QTest::newRow("one month") << ZrCalendarWidget::Month << at("2024-02-01 00:00") << at("2024-02-01 00:00");
-    QTest::newRow("days") << ZrCalendarWidget::Day << at("2024-04-26 00:00") << at("2024-05-03 00:00");
-    QTest::newRow("hours") << ZrCalendarWidget::Hour << at("2024-05-03 00:00") << at("2024-05-03 17:00");
-    QTest::newRow("hours of a day before")
-        << ZrCalendarWidget::Hour << at("2024-02-29 08:00") << at("2024-02-29 23:00");
+    table<ZrCalendarWidget::QueryType, QDateTime, QDateTime>({"type", "start", "stop"},
+        {{"months", ZrCalendarWidget::Month, at("2023-11-01 00:00"), at("2024-05-01 00:00")},
+            {"one month", ZrCalendarWidget::Month, at("2024-02-01 00:00"), at("2024-02-01 00:00")},
+            {"days", ZrCalendarWidget::Day, at("2024-04-26 00:00"), at("2024-05-03 00:00")},
+            {"hours", ZrCalendarWidget::Hour, at("2024-05-03 00:00"), at("2024-05-03 17:00")},
+            {"hours of a day before", ZrCalendarWidget::Hour, at("2024-02-29 08:00"),
+                at("2024-02-29 23:00")}});
 }
 
 void TestControls::enterConfirmsTheSpanThatItWasOpenedWith()
@@ -940,49 +970,36 @@ void TestControls::enterConfirmsTheSpanThatItWasOpenedWith()
     QFETCH(ZrCalendarWidget::QueryType, type);
     QFETCH(QDateTime, start);
     QFETCH(QDateTime, stop);
-    ZrCalendarWidget calendar(nullptr);
-    calendar.setType(type);
-    QSignalSpy answers(&calendar, &ZrCalendarWidget::signalDataTimeChanged);
-    calendar.showDialog(start, stop);
+    OpenCalendar calendar(type, start, stop);
     QTest::keyClick(calendar.focusWidget(), Qt::Key_Return);
-    QCOMPARE(answers.count(), 1);
-    QCOMPARE(answers.first().at(0).toDateTime(), start);
-    QCOMPARE(answers.first().at(1).toDateTime(), stop);
+    QCOMPARE(calendar.answers(), (Spans{{start, stop}}));
     QVERIFY(!calendar.isVisible());
 }
 
 void TestControls::escapeLeavesAllAsItWas()
 {
-    ZrCalendarWidget calendar(nullptr);
-    calendar.setType(ZrCalendarWidget::Day);
-    QSignalSpy answers(&calendar, &ZrCalendarWidget::signalDataTimeChanged);
-    calendar.showDialog(at("2024-05-01 00:00"), at("2024-05-03 00:00"));
+    OpenCalendar calendar(ZrCalendarWidget::Day, at("2024-05-01 00:00"), at("2024-05-03 00:00"));
     QTest::keyClick(calendar.focusWidget(), Qt::Key_Left);
     QTest::keyClick(calendar.focusWidget(), Qt::Key_Space);
     QTest::keyClick(calendar.focusWidget(), Qt::Key_Escape);
     QVERIFY(!calendar.isVisible());
-    QCOMPARE(answers.count(), 0);
+    QVERIFY(calendar.answers().isEmpty());
 }
 
 void TestControls::withoutASpanThereIsNothingToConfirm()
 {
-    ZrCalendarWidget calendar(nullptr);
-    calendar.setType(ZrCalendarWidget::Day);
-    QSignalSpy answers(&calendar, &ZrCalendarWidget::signalDataTimeChanged);
-    calendar.showDialog({}, {});
+    OpenCalendar calendar(ZrCalendarWidget::Day, {}, {});
     const auto *ok = calendar.findChild<ZrPushButton *>(QStringLiteral("pushButtonOK"));
     QVERIFY(!ok->isEnabled());
     QTest::keyClick(calendar.focusWidget(), Qt::Key_Return);
-    QCOMPARE(answers.count(), 0);
+    QVERIFY(calendar.answers().isEmpty());
     QVERIFY(calendar.isVisible());
 
     // The cursor stands at the present day.
     QTest::keyClick(calendar.focusWidget(), Qt::Key_Space);
     QVERIFY(ok->isEnabled());
     QTest::keyClick(calendar.focusWidget(), Qt::Key_Return);
-    QCOMPARE(answers.count(), 1);
-    QCOMPARE(answers.first().at(0).toDateTime(), at("2024-05-03 00:00"));
-    QCOMPARE(answers.first().at(1).toDateTime(), at("2024-05-03 00:00"));
+    QCOMPARE(calendar.answers(), (Spans{{at("2024-05-03 00:00"), at("2024-05-03 00:00")}}));
 }
 
 static QPoint cellOf(QWidget *grid, qint64 unit)
@@ -999,41 +1016,28 @@ static qint64 dayNumber(int year, int month, int day)
 
 void TestControls::twoPressesPickASpan()
 {
-    ZrCalendarWidget calendar(nullptr);
-    calendar.setType(ZrCalendarWidget::Day);
-    QSignalSpy answers(&calendar, &ZrCalendarWidget::signalDataTimeChanged);
-    calendar.showDialog(at("2024-05-01 00:00"), at("2024-05-03 00:00"));
+    OpenCalendar calendar(ZrCalendarWidget::Day, at("2024-05-01 00:00"), at("2024-05-03 00:00"));
     auto *grid = calendar.findChild<QWidget *>(QStringLiteral("grid"));
     QTest::mouseClick(grid, Qt::LeftButton, {}, cellOf(grid, dayNumber(2024, 5, 20)));
     QTest::mouseClick(grid, Qt::LeftButton, {}, cellOf(grid, dayNumber(2024, 5, 15)));
     QTest::mouseClick(calendar.findChild<QWidget *>(QStringLiteral("pushButtonOK")), Qt::LeftButton);
-    QCOMPARE(answers.count(), 1);
-    QCOMPARE(answers.first().at(0).toDateTime(), at("2024-05-15 00:00"));
-    QCOMPARE(answers.first().at(1).toDateTime(), at("2024-05-20 00:00"));
+    QCOMPARE(calendar.answers(), (Spans{{at("2024-05-15 00:00"), at("2024-05-20 00:00")}}));
 }
 
 void TestControls::aSecondPressBeyondTheLimitBeginsAnew()
 {
-    ZrCalendarWidget calendar(nullptr);
-    calendar.setType(ZrCalendarWidget::Day);
-    QSignalSpy answers(&calendar, &ZrCalendarWidget::signalDataTimeChanged);
-    calendar.showDialog(at("2024-05-01 00:00"), at("2024-05-03 00:00"));
+    OpenCalendar calendar(ZrCalendarWidget::Day, at("2024-05-01 00:00"), at("2024-05-03 00:00"));
     auto *grid = calendar.findChild<QWidget *>(QStringLiteral("grid"));
     QTest::mouseClick(grid, Qt::LeftButton, {}, cellOf(grid, dayNumber(2024, 5, 2)));
     QTest::mouseClick(grid, Qt::LeftButton, {}, cellOf(grid, dayNumber(2024, 5, 10)));
     QTest::mouseClick(grid, Qt::LeftButton, {}, cellOf(grid, dayNumber(2024, 5, 17)));
     QTest::keyClick(grid, Qt::Key_Return);
-    QCOMPARE(answers.count(), 1);
-    QCOMPARE(answers.first().at(0).toDateTime(), at("2024-05-10 00:00"));
-    QCOMPARE(answers.first().at(1).toDateTime(), at("2024-05-17 00:00"));
+    QCOMPARE(calendar.answers(), (Spans{{at("2024-05-10 00:00"), at("2024-05-17 00:00")}}));
 }
 
 void TestControls::aDragStopsAtTheLimit()
 {
-    ZrCalendarWidget calendar(nullptr);
-    calendar.setType(ZrCalendarWidget::Month);
-    QSignalSpy answers(&calendar, &ZrCalendarWidget::signalDataTimeChanged);
-    calendar.showDialog(at("2024-05-01 00:00"), at("2024-05-01 00:00"));
+    OpenCalendar calendar(ZrCalendarWidget::Month, at("2024-05-01 00:00"), at("2024-05-01 00:00"));
     auto *grid = calendar.findChild<QWidget *>(QStringLiteral("grid"));
     const QPoint january = cellOf(grid, 2024 * 12);
     const QPoint december = cellOf(grid, 2024 * 12 + 11);
@@ -1043,34 +1047,24 @@ void TestControls::aDragStopsAtTheLimit()
     QApplication::sendEvent(grid, &move);
     QTest::mouseRelease(grid, Qt::LeftButton, {}, december);
     QTest::keyClick(grid, Qt::Key_Return);
-    QCOMPARE(answers.count(), 1);
-    QCOMPARE(answers.first().at(0).toDateTime(), at("2024-01-01 00:00"));
-    QCOMPARE(answers.first().at(1).toDateTime(), at("2024-07-01 00:00"));
+    QCOMPARE(calendar.answers(), (Spans{{at("2024-01-01 00:00"), at("2024-07-01 00:00")}}));
 }
 
 void TestControls::hoursAreThoseOfOneDay()
 {
-    ZrCalendarWidget calendar(nullptr);
-    calendar.setType(ZrCalendarWidget::Hour);
-    QSignalSpy answers(&calendar, &ZrCalendarWidget::signalDataTimeChanged);
-    calendar.showDialog(at("2024-05-03 00:00"), at("2024-05-03 17:00"));
+    OpenCalendar calendar(ZrCalendarWidget::Hour, at("2024-05-03 00:00"), at("2024-05-03 17:00"));
     auto *days = calendar.findChild<QWidget *>(QStringLiteral("grid"));
     auto *hours = calendar.findChild<QWidget *>(QStringLiteral("hours"));
     QTest::mouseClick(days, Qt::LeftButton, {}, cellOf(days, dayNumber(2024, 5, 1)));
     QTest::mouseClick(hours, Qt::LeftButton, {}, cellOf(hours, 8));
     QTest::mouseClick(hours, Qt::LeftButton, {}, cellOf(hours, 23));
     QTest::keyClick(hours, Qt::Key_Return);
-    QCOMPARE(answers.count(), 1);
-    QCOMPARE(answers.first().at(0).toDateTime(), at("2024-05-01 08:00"));
-    QCOMPARE(answers.first().at(1).toDateTime(), at("2024-05-01 23:00"));
+    QCOMPARE(calendar.answers(), (Spans{{at("2024-05-01 08:00"), at("2024-05-01 23:00")}}));
 }
 
 void TestControls::shiftAndArrowsPickASpanAcrossPages()
 {
-    ZrCalendarWidget calendar(nullptr);
-    calendar.setType(ZrCalendarWidget::Day);
-    QSignalSpy answers(&calendar, &ZrCalendarWidget::signalDataTimeChanged);
-    calendar.showDialog(at("2024-05-01 00:00"), at("2024-05-03 00:00"));
+    OpenCalendar calendar(ZrCalendarWidget::Day, at("2024-05-01 00:00"), at("2024-05-03 00:00"));
     auto *grid = calendar.findChild<QWidget *>(QStringLiteral("grid"));
     QCOMPARE(calendar.focusWidget(), grid);
     for (int i = 0; i < 5; ++i)
@@ -1078,20 +1072,14 @@ void TestControls::shiftAndArrowsPickASpanAcrossPages()
     // A week more would be beyond the limit; the span goes as far as it may.
     QTest::keyClick(grid, Qt::Key_Up, Qt::ShiftModifier);
     QTest::keyClick(grid, Qt::Key_Return);
-    QCOMPARE(answers.count(), 1);
-    QCOMPARE(answers.first().at(0).toDateTime(), at("2024-04-26 00:00"));
-    QCOMPARE(answers.first().at(1).toDateTime(), at("2024-05-03 00:00"));
+    QCOMPARE(calendar.answers(), (Spans{{at("2024-04-26 00:00"), at("2024-05-03 00:00")}}));
 }
 
 void TestControls::endsInTheWrongOrderAreTurnedRound()
 {
-    ZrCalendarWidget calendar(nullptr);
-    calendar.setType(ZrCalendarWidget::Day);
-    QSignalSpy answers(&calendar, &ZrCalendarWidget::signalDataTimeChanged);
-    calendar.showDialog(at("2024-05-03 00:00"), at("2024-05-01 00:00"));
+    OpenCalendar calendar(ZrCalendarWidget::Day, at("2024-05-03 00:00"), at("2024-05-01 00:00"));
     QTest::keyClick(calendar.focusWidget(), Qt::Key_Return);
-    QCOMPARE(answers.first().at(0).toDateTime(), at("2024-05-01 00:00"));
-    QCOMPARE(answers.first().at(1).toDateTime(), at("2024-05-03 00:00"));
+    QCOMPARE(calendar.answers(), (Spans{{at("2024-05-01 00:00"), at("2024-05-03 00:00")}}));
 }
 
 void TestControls::aSpanThatIsTooLongIsShownAsFarAsItMayGo()
@@ -1251,9 +1239,7 @@ void TestControls::newNamesKeepTheCurrentNodeAndWhatIsOpen()
 
 void TestControls::typingFindsAndEnterChooses()
 {
-    ZrComboBoxWithTree combo(nullptr);
-    fill(combo, company());
-    combo.show();
+    ShownTree combo;
     QVERIFY(QTest::qWaitForWindowActive(&combo));
     QSignalSpy news(&combo, &QComboBox::currentTextChanged);
     QTest::keyClick(&combo, Qt::Key_S);
@@ -1273,9 +1259,7 @@ void TestControls::typingFindsAndEnterChooses()
 
 void TestControls::escapeKeepsTheCurrentNode()
 {
-    ZrComboBoxWithTree combo(nullptr);
-    fill(combo, company());
-    combo.show();
+    ShownTree combo;
     QSignalSpy news(&combo, &QComboBox::currentTextChanged);
     QTest::keyClick(&combo, Qt::Key_Down);
     auto *line = combo.findChild<QLineEdit *>(QStringLiteral("lineEditSearch"));
@@ -1292,9 +1276,7 @@ void TestControls::escapeKeepsTheCurrentNode()
 
 void TestControls::aClickChoosesAndClosesThePopup()
 {
-    ZrComboBoxWithTree combo(nullptr);
-    fill(combo, company());
-    combo.show();
+    ShownTree combo;
     QTest::mousePress(&combo, Qt::LeftButton);
     QTest::mouseRelease(&combo, Qt::LeftButton);
     auto *popup = combo.findChild<QFrame *>(QStringLiteral("treePopup"));
@@ -1309,9 +1291,7 @@ void TestControls::aClickChoosesAndClosesThePopup()
 
 void TestControls::arrowsMoveTheCursorWithoutChoosing()
 {
-    ZrComboBoxWithTree combo(nullptr);
-    fill(combo, company());
-    combo.show();
+    ShownTree combo;
     QTest::keyClick(&combo, Qt::Key_F4);
     auto *line = combo.findChild<QLineEdit *>(QStringLiteral("lineEditSearch"));
     QTest::keyClick(line, Qt::Key_Down);
@@ -1325,9 +1305,7 @@ void TestControls::arrowsMoveTheCursorWithoutChoosing()
 
 void TestControls::aSearchWithoutAHitSaysSo()
 {
-    ZrComboBoxWithTree combo(nullptr);
-    fill(combo, company());
-    combo.show();
+    ShownTree combo;
     combo.showPopup();
     auto *line = combo.findChild<QLineEdit *>(QStringLiteral("lineEditSearch"));
     const auto *label = combo.findChild<QLabel *>(QStringLiteral("labelNothingFound"));
@@ -1347,9 +1325,7 @@ void TestControls::theCurrentNodeIsInSightWhenThePopupOpens()
         nodes.append(node(100 + branch, QStringLiteral("Branch %1").arg(branch), 1));
     for (int leaf = 0; leaf < 9900; ++leaf)
         nodes.append(node(1000 + leaf, QStringLiteral("Leaf %1").arg(leaf), 100 + leaf / 99));
-    ZrComboBoxWithTree combo(nullptr);
-    fill(combo, nodes);
-    combo.show();
+    ShownTree combo(nodes);
     const QAbstractItemModel *tree = combo.m_pTreeView->model();
     const QModelIndex branch = tree->index(70, 0, tree->index(0, 0));
     const QModelIndex deep = tree->index(50, 0, branch);
@@ -1364,9 +1340,7 @@ void TestControls::aDisabledNodeCannotBeChosen()
 {
     QList<NODE> nodes = company();
     nodes[1].enabled = 0;
-    ZrComboBoxWithTree combo(nullptr);
-    fill(combo, nodes);
-    combo.show();
+    ShownTree combo(nodes);
     combo.showPopup();
     const QAbstractItemModel *tree = combo.m_pTreeView->model();
     const QRect area = combo.m_pTreeView->visualRect(tree->index(0, 0, tree->index(0, 0)));
@@ -1376,9 +1350,7 @@ void TestControls::aDisabledNodeCannotBeChosen()
 
 void TestControls::aNewTreeClosesThePopup()
 {
-    ZrComboBoxWithTree combo(nullptr);
-    fill(combo, company());
-    combo.show();
+    ShownTree combo;
     combo.showPopup();
     auto *line = combo.findChild<QLineEdit *>(QStringLiteral("lineEditSearch"));
     line->setText(QStringLiteral("north"));
@@ -1390,9 +1362,7 @@ void TestControls::aNewTreeClosesThePopup()
 
 void TestControls::theWheelChangesNothing()
 {
-    ZrComboBoxWithTree combo(nullptr);
-    fill(combo, company());
-    combo.show();
+    ShownTree combo;
     const QPointF place(combo.rect().center());
     QWheelEvent wheel(place, combo.mapToGlobal(place), QPoint(), QPoint(0, -120), Qt::NoButton,
         Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -1403,34 +1373,24 @@ void TestControls::theWheelChangesNothing()
 
 void TestControls::brokenTreesAreShownAllTheSame_data()
 {
-    QTest::addColumn<QList<int>>("ids");
-    QTest::addColumn<QStringList>("parents");
-    QTest::addColumn<int>("roots");
-
-    QTest::newRow("an unknown parent makes a root")
-        << QList<int>{1, 2} << QStringList{{}, QStringLiteral("77")} << 2;
-    QTest::newRow("a parent that is no number makes a root")
-        << QList<int>{1, 2} << QStringList{{}, QStringLiteral("one")} << 2;
-    QTest::newRow("its own parent is a root") << QList<int>{1} << QStringList{QStringLiteral("1")} << 1;
-    QTest::newRow("a circle is cut once")
-        << QList<int>{1, 2, 3} << QStringList{QStringLiteral("3"), QStringLiteral("1"), QStringLiteral("2")}
-        << 1;
-    QTest::newRow("a circle with a tail is cut once")
-        << QList<int>{1, 2, 3} << QStringList{QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("2")}
-        << 1;
-    QTest::newRow("children before their parents are found")
-        << QList<int>{2, 1} << QStringList{QStringLiteral("1"), {}} << 1;
-    QTest::newRow("equal numbers are two nodes") << QList<int>{1, 1} << QStringList{{}, {}} << 2;
-    QTest::newRow("numbers may be negative and huge")
-        << QList<int>{std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}
-        << QStringList{QStringLiteral("-2147483648"), QStringLiteral("99999999999999")} << 2;
     QList<int> ids;
     QStringList parents;
     for (int i = 0; i < 10000; ++i) {
         ids.append(i);
         parents.append(i ? QString::number(i - 1) : QString());
     }
-    QTest::newRow("ten thousand levels") << ids << parents << 1;
+    constexpr int most = std::numeric_limits<int>::max();
+    constexpr int least = std::numeric_limits<int>::min();
+    table<QList<int>, QStringList, int>({"ids", "parents", "roots"},
+        {{"an unknown parent makes a root", {1, 2}, {{}, "77"}, 2},
+            {"a parent that is no number makes a root", {1, 2}, {{}, "one"}, 2},
+            {"its own parent is a root", {1}, {"1"}, 1},
+            {"a circle is cut once", {1, 2, 3}, {"3", "1", "2"}, 1},
+            {"a circle with a tail is cut once", {1, 2, 3}, {"2", "3", "2"}, 1},
+            {"children before their parents are found", {2, 1}, {"1", {}}, 1},
+            {"equal numbers are two nodes", {1, 1}, {{}, {}}, 2},
+            {"numbers may be negative and huge", {least, most}, {"-2147483648", "99999999999999"}, 2},
+            {"ten thousand levels", ids, parents, 1}});
 }
 
 void TestControls::brokenTreesAreShownAllTheSame()
@@ -1467,16 +1427,9 @@ void TestControls::brokenTreesAreShownAllTheSame()
 
 void TestControls::datesFollowTheUsersOrderAndCanBeReadBack_data()
 {
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<QString>("yearFirst");
-    QTest::addColumn<QString>("dayFirst");
-
-    QTest::newRow("month") << QStringLiteral("yyyy-MM") << QStringLiteral("2024-02")
-                           << QStringLiteral("02/2024");
-    QTest::newRow("day") << QStringLiteral("yyyy-MM-dd") << QStringLiteral("2024-02-01")
-                         << QStringLiteral("01/02/2024");
-    QTest::newRow("hour") << QStringLiteral("yyyy-MM-dd hh") << QStringLiteral("2024-02-01 09")
-                          << QStringLiteral("01/02/2024 09");
+    table<QString, QString, QString>({"format", "yearFirst", "dayFirst"},
+        {{"month", "yyyy-MM", "2024-02", "02/2024"}, {"day", "yyyy-MM-dd", "2024-02-01", "01/02/2024"},
+            {"hour", "yyyy-MM-dd hh", "2024-02-01 09", "01/02/2024 09"}});
 }
 
 void TestControls::datesFollowTheUsersOrderAndCanBeReadBack()

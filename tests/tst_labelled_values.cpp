@@ -1,4 +1,5 @@
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <page/LabelledValues.h>
 
@@ -8,10 +9,11 @@
 #include <ctime>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 Q_DECLARE_METATYPE(LabelledValues)
 
 namespace {
-
 constexpr int most = std::numeric_limits<int>::max();
 constexpr int least = std::numeric_limits<int>::min();
 
@@ -34,7 +36,7 @@ QStringList manyLabels(int count)
     QStringList labels;
     labels.reserve(count);
     for (int i = 0; i < count; ++i)
-        labels.append(QStringLiteral("label %1").arg(i));
+        labels.append(u"label %1"_s.arg(i));
     return labels;
 }
 
@@ -66,18 +68,12 @@ class TestLabelledValues : public QObject
 private Q_SLOTS:
     void sumsWrap_data()
     {
-        QTest::addColumn<int>("a");
-        QTest::addColumn<int>("b");
-        QTest::addColumn<int>("sum");
-
-        QTest::newRow("nothing and nothing") << 0 << 0 << 0;
-        QTest::newRow("plain figures") << 2 << 3 << 5;
-        QTest::newRow("a negative figure takes away") << 5 << -7 << -2;
-        QTest::newRow("the most and one is the least") << most << 1 << least;
-        QTest::newRow("the least less one is the most") << least << -1 << most;
-        QTest::newRow("twice the most") << most << most << -2;
-        QTest::newRow("twice the least") << least << least << 0;
-        QTest::newRow("the most and the least") << most << least << -1;
+        table<int, int, int>({"a", "b", "sum"},
+            {{"nothing and nothing", 0, 0, 0}, {"plain figures", 2, 3, 5},
+                {"a negative figure takes away", 5, -7, -2},
+                {"the most and one is the least", most, 1, least},
+                {"the least less one is the most", least, -1, most}, {"twice the most", most, most, -2},
+                {"twice the least", least, least, 0}, {"the most and the least", most, least, -1}});
     }
 
     void sumsWrap()
@@ -90,15 +86,12 @@ private Q_SLOTS:
 
     void totalsWrap_data()
     {
-        QTest::addColumn<LabelledValues>("list");
-        QTest::addColumn<int>("total");
-
-        QTest::newRow("an empty list") << LabelledValues() << 0;
-        QTest::newRow("one entry") << LabelledValues{{"a", 7}} << 7;
-        QTest::newRow("equal labels count each") << LabelledValues{{"a", 7}, {"a", 7}} << 14;
-        QTest::newRow("negative figures take away") << LabelledValues{{"a", 7}, {"b", -9}} << -2;
-        QTest::newRow("a total beyond 32 bits wraps") << LabelledValues{{"a", most}, {"b", 1}} << least;
-        QTest::newRow("and comes back") << LabelledValues{{"a", most}, {"b", 1}, {"c", -1}} << most;
+        table<LabelledValues, int>({"list", "total"},
+            {{"an empty list", {}, 0}, {"one entry", {{"a", 7}}, 7},
+                {"equal labels count each", {{"a", 7}, {"a", 7}}, 14},
+                {"negative figures take away", {{"a", 7}, {"b", -9}}, -2},
+                {"a total beyond 32 bits wraps", {{"a", most}, {"b", 1}}, least},
+                {"and comes back", {{"a", most}, {"b", 1}, {"c", -1}}, most}});
     }
 
     void totalsWrap()
@@ -123,25 +116,18 @@ private Q_SLOTS:
 
     void barsSortByValue_data()
     {
-        QTest::addColumn<LabelledValues>("list");
-        QTest::addColumn<LabelledValues>("sorted");
-
-        QTest::newRow("an empty list stays empty") << LabelledValues() << LabelledValues();
-        QTest::newRow("one entry stays") << LabelledValues{{"a", 1}} << LabelledValues{{"a", 1}};
-        QTest::newRow("an ascending list stays")
-            << LabelledValues{{"c", 1}, {"b", 2}, {"a", 3}} << LabelledValues{{"c", 1}, {"b", 2}, {"a", 3}};
-        QTest::newRow("a descending list is turned round")
-            << LabelledValues{{"a", 3}, {"b", 2}, {"c", 1}} << LabelledValues{{"c", 1}, {"b", 2}, {"a", 3}};
-        QTest::newRow("all tied: turned round")
-            << LabelledValues{{"a", 5}, {"b", 5}, {"c", 5}} << LabelledValues{{"c", 5}, {"b", 5}, {"a", 5}};
-        QTest::newRow("only the tied entries are turned round") << LabelledValues{{"a", 5}, {"b", 1},
-            {"c", 5}, {"d", 1}, {"e", 3}} << LabelledValues{{"d", 1}, {"b", 1}, {"e", 3}, {"c", 5}, {"a", 5}};
-        QTest::newRow("the name plays no part")
-            << LabelledValues{{"b", 1}, {"a", 1}, {"c", 1}} << LabelledValues{{"c", 1}, {"a", 1}, {"b", 1}};
-        QTest::newRow("equal names stay apart")
-            << LabelledValues{{"a", 2}, {"a", 1}, {"a", 2}} << LabelledValues{{"a", 1}, {"a", 2}, {"a", 2}};
-        QTest::newRow("values are signed") << LabelledValues{{"a", 0}, {"b", most}, {"c", least}, {"d", -1}}
-                                           << LabelledValues{{"c", least}, {"d", -1}, {"a", 0}, {"b", most}};
+        table<LabelledValues, LabelledValues>({"list", "sorted"},
+            {{"an empty list stays empty", {}, {}}, {"one entry stays", {{"a", 1}}, {{"a", 1}}},
+                {"an ascending list stays", {{"c", 1}, {"b", 2}, {"a", 3}}, {{"c", 1}, {"b", 2}, {"a", 3}}},
+                {"a descending list is turned round", {{"a", 3}, {"b", 2}, {"c", 1}},
+                    {{"c", 1}, {"b", 2}, {"a", 3}}},
+                {"all tied: turned round", {{"a", 5}, {"b", 5}, {"c", 5}}, {{"c", 5}, {"b", 5}, {"a", 5}}},
+                {"only the tied entries are turned round", {{"a", 5}, {"b", 1}, {"c", 5}, {"d", 1}, {"e", 3}},
+                    {{"d", 1}, {"b", 1}, {"e", 3}, {"c", 5}, {"a", 5}}},
+                {"the name plays no part", {{"b", 1}, {"a", 1}, {"c", 1}}, {{"c", 1}, {"a", 1}, {"b", 1}}},
+                {"equal names stay apart", {{"a", 2}, {"a", 1}, {"a", 2}}, {{"a", 1}, {"a", 2}, {"a", 2}}},
+                {"values are signed", {{"a", 0}, {"b", most}, {"c", least}, {"d", -1}},
+                    {{"c", least}, {"d", -1}, {"a", 0}, {"b", most}}}});
     }
 
     void barsSortByValue()
@@ -169,26 +155,20 @@ private Q_SLOTS:
 
     void labelsSort_data()
     {
-        QTest::addColumn<LabelledValues>("list");
-        QTest::addColumn<LabelledValues>("sorted");
-
-        QTest::newRow("an empty list stays empty") << LabelledValues() << LabelledValues();
-        QTest::newRow("periods come in the order of time")
-            << LabelledValues{{"2024-05-03 09", 1}, {"2023-12-31 23", 2}, {"2024-05-03 08", 3}}
-            << LabelledValues{{"2023-12-31 23", 2}, {"2024-05-03 08", 3}, {"2024-05-03 09", 1}};
-        QTest::newRow("text, not number")
-            << LabelledValues{{"9", 1}, {"10", 2}} << LabelledValues{{"10", 2}, {"9", 1}};
-        QTest::newRow("capitals come before small letters") << LabelledValues{
-            {"a", 1}, {"B", 2}, {"b", 3}, {"A", 4}} << LabelledValues{{"A", 4}, {"B", 2}, {"a", 1}, {"b", 3}};
-        QTest::newRow("code units, not the alphabet of a language")
-            << LabelledValues{{QStringLiteral(u"\u00e4"), 1}, {"z", 2}}
-            << LabelledValues{{"z", 2}, {QStringLiteral(u"\u00e4"), 1}};
-        QTest::newRow("an empty label comes first")
-            << LabelledValues{{"a", 1}, {"", 2}} << LabelledValues{{"", 2}, {"a", 1}};
-        QTest::newRow("of equal labels the later one comes first") << LabelledValues{
-            {"b", 1}, {"a", 2}, {"b", 3}, {"a", 4}} << LabelledValues{{"a", 4}, {"a", 2}, {"b", 3}, {"b", 1}};
-        QTest::newRow("the figure plays no part")
-            << LabelledValues{{"b", 1}, {"a", 9}} << LabelledValues{{"a", 9}, {"b", 1}};
+        table<LabelledValues, LabelledValues>({"list", "sorted"},
+            {{"an empty list stays empty", {}, {}},
+                {"periods come in the order of time",
+                    {{"2024-05-03 09", 1}, {"2023-12-31 23", 2}, {"2024-05-03 08", 3}},
+                    {{"2023-12-31 23", 2}, {"2024-05-03 08", 3}, {"2024-05-03 09", 1}}},
+                {"text, not number", {{"9", 1}, {"10", 2}}, {{"10", 2}, {"9", 1}}},
+                {"capitals come before small letters", {{"a", 1}, {"B", 2}, {"b", 3}, {"A", 4}},
+                    {{"A", 4}, {"B", 2}, {"a", 1}, {"b", 3}}},
+                {"code units, not the alphabet of a language", {{QStringLiteral(u"\u00e4"), 1}, {"z", 2}},
+                    {{"z", 2}, {QStringLiteral(u"\u00e4"), 1}}},
+                {"an empty label comes first", {{"a", 1}, {"", 2}}, {{"", 2}, {"a", 1}}},
+                {"of equal labels the later one comes first", {{"b", 1}, {"a", 2}, {"b", 3}, {"a", 4}},
+                    {{"a", 4}, {"a", 2}, {"b", 3}, {"b", 1}}},
+                {"the figure plays no part", {{"b", 1}, {"a", 9}}, {{"a", 9}, {"b", 1}}}});
     }
 
     void labelsSort()
@@ -201,29 +181,18 @@ private Q_SLOTS:
 
     void foldsRows_data()
     {
-        QTest::addColumn<LabelledValues>("rows");
-        QTest::addColumn<LabelledValues>("list");
-
-        QTest::newRow("no rows") << LabelledValues() << LabelledValues();
-        QTest::newRow("different labels stand one behind the other")
-            << LabelledValues{{"b", 1}, {"a", 2}} << LabelledValues{{"b", 1}, {"a", 2}};
-        QTest::newRow("a known label adds in its place")
-            << LabelledValues{{"b", 1}, {"a", 2}, {"b", 10}} << LabelledValues{{"b", 11}, {"a", 2}};
-        QTest::newRow("zero makes an entry")
-            << LabelledValues{{"a", 0}, {"b", 1}} << LabelledValues{{"a", 0}, {"b", 1}};
-        QTest::newRow("zero adds nothing") << LabelledValues{{"a", 4}, {"a", 0}} << LabelledValues{{"a", 4}};
-        QTest::newRow("a negative figure takes away")
-            << LabelledValues{{"a", 4}, {"a", -6}} << LabelledValues{{"a", -2}};
-        QTest::newRow("case counts") << LabelledValues{{"a", 1}, {"A", 2}}
-                                     << LabelledValues{{"a", 1}, {"A", 2}};
-        QTest::newRow("blanks count")
-            << LabelledValues{{"a", 1}, {"a ", 2}} << LabelledValues{{"a", 1}, {"a ", 2}};
-        QTest::newRow("the empty label is a label")
-            << LabelledValues{{"", 1}, {"a", 2}, {"", 3}} << LabelledValues{{"", 4}, {"a", 2}};
-        QTest::newRow("null and empty are one label")
-            << LabelledValues{{QString(), 1}, {QStringLiteral(""), 2}} << LabelledValues{{"", 3}};
-        QTest::newRow("a sum beyond 32 bits wraps")
-            << LabelledValues{{"a", most}, {"a", 1}} << LabelledValues{{"a", least}};
+        table<LabelledValues, LabelledValues>({"rows", "list"},
+            {{"no rows", {}, {}},
+                {"different labels stand one behind the other", {{"b", 1}, {"a", 2}}, {{"b", 1}, {"a", 2}}},
+                {"a known label adds in its place", {{"b", 1}, {"a", 2}, {"b", 10}}, {{"b", 11}, {"a", 2}}},
+                {"zero makes an entry", {{"a", 0}, {"b", 1}}, {{"a", 0}, {"b", 1}}},
+                {"zero adds nothing", {{"a", 4}, {"a", 0}}, {{"a", 4}}},
+                {"a negative figure takes away", {{"a", 4}, {"a", -6}}, {{"a", -2}}},
+                {"case counts", {{"a", 1}, {"A", 2}}, {{"a", 1}, {"A", 2}}},
+                {"blanks count", {{"a", 1}, {"a ", 2}}, {{"a", 1}, {"a ", 2}}},
+                {"the empty label is a label", {{"", 1}, {"a", 2}, {"", 3}}, {{"", 4}, {"a", 2}}},
+                {"null and empty are one label", {{QString(), 1}, {u""_s, 2}}, {{"", 3}}},
+                {"a sum beyond 32 bits wraps", {{"a", most}, {"a", 1}}, {{"a", least}}}});
     }
 
     void foldsRows()
@@ -236,31 +205,28 @@ private Q_SLOTS:
     {
         const LabelledKeys list = {{"a", "1"}, {"b", "2"}, {"a", "3"}, {"c", "2"}};
         ListIndex<QString> index;
-        QCOMPARE(index.indexOf(list, QStringLiteral("a")), 0);
-        QCOMPARE(index.indexOf(list, QStringLiteral("b")), 1);
-        QCOMPARE(index.indexOfKey(list, QStringLiteral("2")), 1);
-        QCOMPARE(index.indexOf(list, QStringLiteral("c")), 3);
-        QCOMPARE(index.indexOf(list, QStringLiteral("A")), -1);
+        QCOMPARE(index.indexOf(list, u"a"_s), 0);
+        QCOMPARE(index.indexOf(list, u"b"_s), 1);
+        QCOMPARE(index.indexOfKey(list, u"2"_s), 1);
+        QCOMPARE(index.indexOf(list, u"c"_s), 3);
+        QCOMPARE(index.indexOf(list, u"A"_s), -1);
         QCOMPARE(index.indexOf(list, QString()), -1);
-        QCOMPARE(index.indexOfKey(list, QStringLiteral("3")), 2);
-        QCOMPARE(index.indexOfKey(list, QStringLiteral("a")), -1);
+        QCOMPARE(index.indexOfKey(list, u"3"_s), 2);
+        QCOMPARE(index.indexOfKey(list, u"a"_s), -1);
     }
 
     void theIndexFindsWhatASearchFinds_data()
     {
-        QTest::addColumn<LabelledValues>("before");
-        QTest::addColumn<LabelledValues>("after");
-
         const LabelledValues abc = {{"a", 1}, {"b", 2}, {"c", 3}};
-        QTest::newRow("another list") << abc << LabelledValues{{"b", 1}, {"a", 2}, {"d", 3}};
-        QTest::newRow("another list with the same end")
-            << LabelledValues{{"a", 1}, {"b", 2}, {"z", 3}} << LabelledValues{{"a", 1}, {"c", 2}, {"z", 3}};
-        QTest::newRow("another list in which an entry moved up")
-            << LabelledValues{{"a", 1}, {"b", 2}, {"z", 3}} << LabelledValues{{"b", 1}, {"b", 2}, {"z", 3}};
-        QTest::newRow("a shorter list") << abc << LabelledValues{{"b", 1}, {"c", 3}};
-        QTest::newRow("a longer list") << abc << LabelledValues{{"c", 1}, {"a", 2}, {"d", 3}, {"b", 4}};
-        QTest::newRow("an empty list") << abc << LabelledValues();
-        QTest::newRow("a list after none") << LabelledValues() << abc;
+        table<LabelledValues, LabelledValues>({"before", "after"},
+            {{"another list", abc, {{"b", 1}, {"a", 2}, {"d", 3}}},
+                {"another list with the same end", {{"a", 1}, {"b", 2}, {"z", 3}},
+                    {{"a", 1}, {"c", 2}, {"z", 3}}},
+                {"another list in which an entry moved up", {{"a", 1}, {"b", 2}, {"z", 3}},
+                    {{"b", 1}, {"b", 2}, {"z", 3}}},
+                {"a shorter list", abc, {{"b", 1}, {"c", 3}}},
+                {"a longer list", abc, {{"c", 1}, {"a", 2}, {"d", 3}, {"b", 4}}}, {"an empty list", abc, {}},
+                {"a list after none", {}, abc}});
     }
 
     void theIndexFindsWhatASearchFinds()
@@ -341,8 +307,8 @@ private Q_SLOTS:
         const LabelledValues second = {{"b", 1}, {"a", 2}};
         ListIndex<int> index;
         for (int round = 0; round < 3; ++round) {
-            QCOMPARE(index.indexOf(first, QStringLiteral("b")), 1);
-            QCOMPARE(index.indexOf(second, QStringLiteral("b")), 0);
+            QCOMPARE(index.indexOf(first, u"b"_s), 1);
+            QCOMPARE(index.indexOf(second, u"b"_s), 0);
         }
     }
 
@@ -362,8 +328,8 @@ private Q_SLOTS:
         };
         const double fewTicks = leastTicks([&foldFirst] { foldFirst(few); });
         const double manyTicks = leastTicks([&foldFirst] { foldFirst(few * growth); });
-        QVERIFY2(manyTicks < growthBound * fewTicks,
-            qPrintable(QStringLiteral("%1 against %2").arg(manyTicks).arg(fewTicks)));
+        QVERIFY2(
+            manyTicks < growthBound * fewTicks, qPrintable(u"%1 against %2"_s.arg(manyTicks).arg(fewTicks)));
     }
 
     void sortingDoesNotGrowQuadratically()
@@ -392,8 +358,8 @@ private Q_SLOTS:
             sortBarList(manyRows);
             sortedByLabel(manyRows);
         });
-        QVERIFY2(manyTicks < growthBound * fewTicks,
-            qPrintable(QStringLiteral("%1 against %2").arg(manyTicks).arg(fewTicks)));
+        QVERIFY2(
+            manyTicks < growthBound * fewTicks, qPrintable(u"%1 against %2"_s.arg(manyTicks).arg(fewTicks)));
     }
 };
 

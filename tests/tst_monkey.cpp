@@ -17,8 +17,9 @@
 
 #include <iterator>
 
-namespace {
+using namespace Qt::StringLiterals;
 
+namespace {
 constexpr int kindsOfStatistics = 9;
 constexpr int eventsByDefault = 2000;
 constexpr int seedByDefault = 20240503;
@@ -93,19 +94,19 @@ public:
         , m_answers(dice)
         , m_page(kind == 5 || kind == 6 ? 1 : kind)
     {
-        m_client.setTree(QStringLiteral("41 Company\n"
-                                        "  42 Plant North\n"
-                                        "    44 Yard\n"
-                                        "  43 Plant South\n"
-                                        "  45 Plant North\n"));
-        m_client.addChannel("gate", QStringLiteral("Gate"), "gate channel", "10.0.0.1", 1);
-        m_client.addChannel("yard", QStringLiteral("Yard"), "yard channel", "10.0.0.2", 2);
-        m_client.addChannel("twin", QStringLiteral("Gate"), "twin channel", {}, 1);
+        m_client.setTree(u"41 Company\n"
+                         "  42 Plant North\n"
+                         "    44 Yard\n"
+                         "  43 Plant South\n"
+                         "  45 Plant North\n"_s);
+        m_client.addChannel("gate", u"Gate"_s, "gate channel", "10.0.0.1", 1);
+        m_client.addChannel("yard", u"Yard"_s, "yard channel", "10.0.0.2", 2);
+        m_client.addChannel("twin", u"Gate"_s, "twin channel", {}, 1);
         m_client.addDevice("nvr", "Gate", "10.0.0.3", 3);
         m_client.addAlarmType(1, "Motion");
         answerFrom(m_manager, m_answers);
-        m_tabs.addTab(&m_page, QStringLiteral("page"));
-        m_tabs.addTab(new QWidget, QStringLiteral("neighbour"));
+        m_tabs.addTab(&m_page, u"page"_s);
+        m_tabs.addTab(new QWidget, u"neighbour"_s);
         m_tabs.resize(1136, 700);
         m_tabs.show();
         m_page.setServiceType(kind);
@@ -247,7 +248,7 @@ private:
             Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Space,
             Qt::Key_P, Qt::Key_Backspace};
         QKeyEvent press(QEvent::KeyPress, m_dice.pick(keys),
-            m_dice.oneIn(4) ? Qt::ShiftModifier : Qt::NoModifier, QStringLiteral("p"));
+            m_dice.oneIn(4) ? Qt::ShiftModifier : Qt::NoModifier, u"p"_s);
         QCoreApplication::sendEvent(widget, &press);
     }
 
@@ -335,7 +336,7 @@ private:
     void breakClient()
     {
         m_broken = !m_broken;
-        m_manager.failWith(m_broken ? QStringLiteral("The server is away.") : QString());
+        m_manager.failWith(m_broken ? u"The server is away."_s : QString());
     }
 
     // Whether the page is on show or not.
@@ -387,14 +388,12 @@ private:
 
     void answerFileDialog(QFileDialog &dialog)
     {
-        auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        const QString file = m_folder.filePath(QStringLiteral("page.pdf"));
+        auto *name = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
+        const QString file = m_folder.filePath(u"page.pdf"_s);
         if (m_dice.oneIn(4) || name->text() == file)
             return dialog.reject();
         name->setText(file);
-        dialog.findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"))
-            ->button(QDialogButtonBox::Save)
-            ->click();
+        dialog.findChild<QDialogButtonBox *>(u"buttonBox"_s)->button(QDialogButtonBox::Save)->click();
     }
 
     static void closePopups()
@@ -438,8 +437,7 @@ private:
 QStringList complaintsOf(const LogCapture &log)
 {
     QStringList lines = log.complaints();
-    lines.removeIf(
-        [](const QString &line) { return line.startsWith(QStringLiteral("This plugin does not support")); });
+    lines.removeIf([](const QString &line) { return line.startsWith(u"This plugin does not support"_s); });
     return lines;
 }
 
@@ -452,62 +450,56 @@ class MonkeyTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void nothingThatAUserDoesBreaksAPage_data();
-    void nothingThatAUserDoesBreaksAPage();
-    void oneSeedIsOneStory();
-};
-
-void MonkeyTest::nothingThatAUserDoesBreaksAPage_data()
-{
-    QTest::addColumn<int>("kind");
-    const char *const names[kindsOfStatistics] = {"alarms of organisations", "alarms of devices",
-        "online of organisations", "online of devices", "temperature of groups", "temperature of persons",
-        "traffics of organisations", "traffics of devices", "temperature of device groups"};
-    for (int kind = 1; kind <= kindsOfStatistics; ++kind)
-        QTest::newRow(names[kind - 1]) << kind;
-}
-
-void MonkeyTest::nothingThatAUserDoesBreaksAPage()
-{
-    QFETCH(int, kind);
-    const int seed = setting("TALVIX_MONKEY_SEED", seedByDefault);
-    const int events = setting("TALVIX_MONKEY_EVENTS", eventsByDefault) / kindsOfStatistics;
-    Dice dice(seed + kind);
-    LogCapture log;
-    Stage stage(kind, dice);
-    QStringList last;
-    for (int event = 0; event < events; ++event) {
-        last.append(QLatin1String(stage.act()));
-        if (last.size() > 12)
-            last.removeFirst();
-        QString broken = brokenInvariant(stage.page());
-        if (broken.isNull())
-            broken = complaintsOf(log).value(0);
-        QVERIFY2(broken.isNull(),
-            qUtf8Printable(QStringLiteral("seed %1, event %2 (%3): %4")
-                               .arg(seed)
-                               .arg(event)
-                               .arg(last.join(QStringLiteral(", ")), broken)));
-        log.clear();
+    void nothingThatAUserDoesBreaksAPage_data()
+    {
+        QTest::addColumn<int>("kind");
+        const char *const names[kindsOfStatistics] = {"alarms of organisations", "alarms of devices",
+            "online of organisations", "online of devices", "temperature of groups", "temperature of persons",
+            "traffics of organisations", "traffics of devices", "temperature of device groups"};
+        for (int kind = 1; kind <= kindsOfStatistics; ++kind)
+            QTest::newRow(names[kind - 1]) << kind;
     }
-}
 
-void MonkeyTest::oneSeedIsOneStory()
-{
-    constexpr int events = 120;
-    QStringList stories[2];
-    for (QStringList &story : stories) {
-        Dice dice(7);
-        const LogCapture log;
-        Stage stage(8, dice);
+    void nothingThatAUserDoesBreaksAPage()
+    {
+        QFETCH(int, kind);
+        const int seed = setting("TALVIX_MONKEY_SEED", seedByDefault);
+        const int events = setting("TALVIX_MONKEY_EVENTS", eventsByDefault) / kindsOfStatistics;
+        Dice dice(seed + kind);
+        LogCapture log;
+        Stage stage(kind, dice);
+        QStringList last;
         for (int event = 0; event < events; ++event) {
-            story.append(QLatin1String(stage.act()));
-            story.append(QString::number(stage.page().barDataList.size()));
-            story.append(stage.page().m_strSelectedBar);
+            last.append(QLatin1String(stage.act()));
+            if (last.size() > 12)
+                last.removeFirst();
+            QString broken = brokenInvariant(stage.page());
+            if (broken.isNull())
+                broken = complaintsOf(log).value(0);
+            QVERIFY2(broken.isNull(),
+                qUtf8Printable(
+                    u"seed %1, event %2 (%3): %4"_s.arg(seed).arg(event).arg(last.join(u", "_s), broken)));
+            log.clear();
         }
     }
-    QCOMPARE(stories[0], stories[1]);
-}
+
+    void oneSeedIsOneStory()
+    {
+        constexpr int events = 120;
+        QStringList stories[2];
+        for (QStringList &story : stories) {
+            Dice dice(7);
+            const LogCapture log;
+            Stage stage(8, dice);
+            for (int event = 0; event < events; ++event) {
+                story.append(QLatin1String(stage.act()));
+                story.append(QString::number(stage.page().barDataList.size()));
+                story.append(stage.page().m_strSelectedBar);
+            }
+        }
+        QCOMPARE(stories[0], stories[1]);
+    }
+};
 
 TALVIX_TEST_MAIN(MonkeyTest)
 

@@ -1,5 +1,6 @@
 #include "support/PageScene.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <devhost/widgets/HostSettings.h>
 #include <page/BasicChart.h>
@@ -17,14 +18,15 @@
 
 #include <climits>
 
-namespace {
+using namespace Qt::StringLiterals;
 
-const QStringList tabKeys = {QStringLiteral("TK_OrganizationAlm"), QStringLiteral("TK_DeviceAlmStatistics"),
-    QStringLiteral("TK_OrganizationOnline"), QStringLiteral("TK_DeviceOnline")};
+namespace {
+const QStringList tabKeys = {
+    u"TK_OrganizationAlm"_s, u"TK_DeviceAlmStatistics"_s, u"TK_OrganizationOnline"_s, u"TK_DeviceOnline"_s};
 
 QTabWidget *tabsOf(const QWidget *widget)
 {
-    return widget->findChild<QTabWidget *>(QStringLiteral("tabWidget"));
+    return widget->findChild<QTabWidget *>(u"tabWidget"_s);
 }
 
 QStringList tabTexts(const QTabWidget *tabs)
@@ -90,6 +92,16 @@ public:
     }
 };
 
+/// The four tabs on show.
+struct ShownTabs
+{
+    ShownTabs() { showPage(widget); }
+
+    PageScene scene;
+    DataStaticsWidget widget;
+    QTabWidget *tabs = tabsOf(&widget);
+};
+
 } // namespace
 
 class TestPlugin : public QObject
@@ -97,575 +109,509 @@ class TestPlugin : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        HostSettings::setLanguage({});
+        setPresentMoment({});
+    }
 
-    void numbersStartAtOneAndNeverComeBack();
-    void numberZeroAndBelowAndUnknownNumbersAreNormalAnswers_data();
-    void numberZeroAndBelowAndUnknownNumbersAreNormalAnswers();
-    void registryWithoutWidgetKnowsNoNumber();
-    void numberLeadsToTheWidgetUnderItsParent();
-    void initWithoutParentIsAccepted();
-    void initNeitherShowsNorAsks();
-    void secondUninitAnswersFalse();
-    void uninitLeavesWidgetWithParentAsItIs();
-    void uninitDeletesParentlessWidgetOnlyInTheEventLoop();
-    void uninitInsideSlotOfItsWidgetIsSafe();
-    void parentAtInitDecidesNotTheLaterOne();
-    void uninitForgetsNumberWhoseParentDied();
-    void destructionLeavesAllWidgetsAliveAndShown();
-    void twoRegistriesShareTheCounterNotTheNumbers();
-    void operationsLogNothing();
-    void classHasNoSignalSlotOrPropertyOfItsOwn();
-    void parentOfRegistryIsTheOneGiven();
+    void cleanup()
+    {
+        HostSettings::setLanguage({});
+        deleteWhatIsDue();
+    }
 
-    void tabHostHasFormOfFourPages();
-    void formAsksForPlaceholderTexts();
-    void pagesGetTheirServiceTypesInOrder();
-    void firstTabIsCurrent();
-    void tabTextsAreKeysWithoutLanguage();
-    void tabsAreFittedTo140();
-    void showAsksForAlarmsOfOrganisationsOnly();
-    void choosingTabShowsItsPageAndReloadsEachTime();
-    void eachTabOpensItsKind_data();
-    void eachTabOpensItsKind();
-    void dataStaticTypeOnlyRefits_data();
-    void dataStaticTypeOnlyRefits();
-    void languageChangeRetitlesAndRefits();
-    void pagesRenewTheirTextsOnTheirOwn();
-    void formSelectsTheLastTabUntilItIsSetUp();
-    void settingUpAgainRenewsTextsAndGoesBackToTheFirstTab();
-    void tabHostAddsNothingToTheMetaObject();
-};
+    // Stays first: one counter serves the process.
+    void numbersStartAtOneAndNeverComeBack()
+    {
+        QWidget frame;
+        DataStaticsPlugin plugin;
+        QCOMPARE(plugin.init(&frame), 1);
+        QVERIFY(plugin.uninit(1));
+        QCOMPARE(plugin.init(&frame), 2);
+        QCOMPARE(plugin.init(&frame), 3);
+        QCOMPARE(plugin.getWidget(1), nullptr);
+        QVERIFY(plugin.getWidget(2));
+        QVERIFY(plugin.getWidget(3));
+        QVERIFY(plugin.getWidget(2) != plugin.getWidget(3));
+    }
 
-void TestPlugin::init()
-{
-    HostSettings::setLanguage({});
-    setPresentMoment({});
-}
+    void numberZeroAndBelowAndUnknownNumbersAreNormalAnswers_data()
+    {
+        table<int>({"number"},
+            {{"zero", 0}, {"minus one, the answer of a failed init", -1}, {"smallest int", INT_MIN},
+                {"largest int", INT_MAX}, {"number that was never given out", 1000000}});
+    }
 
-void TestPlugin::cleanup()
-{
-    HostSettings::setLanguage({});
-    deleteWhatIsDue();
-}
-
-// Stays first: one counter serves the process.
-void TestPlugin::numbersStartAtOneAndNeverComeBack()
-{
-    QWidget frame;
-    DataStaticsPlugin plugin;
-    QCOMPARE(plugin.init(&frame), 1);
-    QVERIFY(plugin.uninit(1));
-    QCOMPARE(plugin.init(&frame), 2);
-    QCOMPARE(plugin.init(&frame), 3);
-    QCOMPARE(plugin.getWidget(1), nullptr);
-    QVERIFY(plugin.getWidget(2));
-    QVERIFY(plugin.getWidget(3));
-    QVERIFY(plugin.getWidget(2) != plugin.getWidget(3));
-}
-
-void TestPlugin::numberZeroAndBelowAndUnknownNumbersAreNormalAnswers_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::newRow("zero") << 0;
-    QTest::newRow("minus one, the answer of a failed init") << -1;
-    QTest::newRow("smallest int") << INT_MIN;
-    QTest::newRow("largest int") << INT_MAX;
-    QTest::newRow("number that was never given out") << 1000000;
-}
-
-void TestPlugin::numberZeroAndBelowAndUnknownNumbersAreNormalAnswers()
-{
-    QFETCH(int, number);
-    QWidget frame;
-    DataStaticsPlugin plugin;
-    const int live = plugin.init(&frame);
-    QCOMPARE(plugin.getWidget(number), nullptr);
-    QVERIFY(!plugin.uninit(number));
-    QVERIFY(plugin.getWidget(live));
-}
-
-void TestPlugin::registryWithoutWidgetKnowsNoNumber()
-{
-    const DataStaticsPlugin other;
-    DataStaticsPlugin plugin;
-    for (int number = -2; number < 10; ++number) {
+    void numberZeroAndBelowAndUnknownNumbersAreNormalAnswers()
+    {
+        QFETCH(int, number);
+        QWidget frame;
+        DataStaticsPlugin plugin;
+        const int live = plugin.init(&frame);
         QCOMPARE(plugin.getWidget(number), nullptr);
         QVERIFY(!plugin.uninit(number));
+        QVERIFY(plugin.getWidget(live));
     }
-}
 
-void TestPlugin::numberLeadsToTheWidgetUnderItsParent()
-{
-    QWidget frame;
-    DataStaticsPlugin plugin;
-    const int number = plugin.init(&frame);
-    BaseWidget *widget = plugin.getWidget(number);
-    QVERIFY(qobject_cast<DataStaticsWidget *>(widget));
-    QCOMPARE(widget->parentWidget(), &frame);
-    QCOMPARE(plugin.getWidget(number), widget);
-}
+    void registryWithoutWidgetKnowsNoNumber()
+    {
+        const DataStaticsPlugin other;
+        DataStaticsPlugin plugin;
+        for (int number = -2; number < 10; ++number) {
+            QCOMPARE(plugin.getWidget(number), nullptr);
+            QVERIFY(!plugin.uninit(number));
+        }
+    }
 
-void TestPlugin::initWithoutParentIsAccepted()
-{
-    DataStaticsPlugin plugin;
-    const int number = plugin.init(nullptr);
-    QVERIFY(number >= 1);
-    BaseWidget *widget = plugin.getWidget(number);
-    QVERIFY(qobject_cast<DataStaticsWidget *>(widget));
-    QCOMPARE(widget->parentWidget(), nullptr);
-    QVERIFY(plugin.uninit(number));
-}
+    void numberLeadsToTheWidgetUnderItsParent()
+    {
+        QWidget frame;
+        DataStaticsPlugin plugin;
+        const int number = plugin.init(&frame);
+        BaseWidget *widget = plugin.getWidget(number);
+        QVERIFY(qobject_cast<DataStaticsWidget *>(widget));
+        QCOMPARE(widget->parentWidget(), &frame);
+        QCOMPARE(plugin.getWidget(number), widget);
+    }
 
-void TestPlugin::initNeitherShowsNorAsks()
-{
-    PageScene scene;
-    QWidget frame;
-    frame.resize(1200, 700);
-    frame.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&frame));
-    DataStaticsPlugin plugin;
-    BaseWidget *widget = plugin.getWidget(plugin.init(&frame));
-    QVERIFY(!widget->isVisible());
-    QCOMPARE(scene.client.calls, QStringList());
-    QCOMPARE(scene.manager.calls, QStringList());
-}
+    void initWithoutParentIsAccepted()
+    {
+        DataStaticsPlugin plugin;
+        const int number = plugin.init(nullptr);
+        QVERIFY(number >= 1);
+        BaseWidget *widget = plugin.getWidget(number);
+        QVERIFY(qobject_cast<DataStaticsWidget *>(widget));
+        QCOMPARE(widget->parentWidget(), nullptr);
+        QVERIFY(plugin.uninit(number));
+    }
 
-void TestPlugin::secondUninitAnswersFalse()
-{
-    QWidget frame;
-    DataStaticsPlugin plugin;
-    const int number = plugin.init(&frame);
-    QVERIFY(plugin.uninit(number));
-    QVERIFY(!plugin.uninit(number));
-}
+    void initNeitherShowsNorAsks()
+    {
+        PageScene scene;
+        QWidget frame;
+        showPage(frame);
+        DataStaticsPlugin plugin;
+        BaseWidget *widget = plugin.getWidget(plugin.init(&frame));
+        QVERIFY(!widget->isVisible());
+        QCOMPARE(scene.client.calls, QStringList());
+        QCOMPARE(scene.manager.calls, QStringList());
+    }
 
-void TestPlugin::uninitLeavesWidgetWithParentAsItIs()
-{
-    PageScene scene;
-    QWidget frame;
-    frame.resize(1200, 700);
-    DataStaticsPlugin plugin;
-    const int number = plugin.init(&frame);
-    const QPointer<BaseWidget> widget = plugin.getWidget(number);
-    frame.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&frame));
-    widget->show();
-    QVERIFY(widget->isVisible());
+    void secondUninitAnswersFalse()
+    {
+        QWidget frame;
+        DataStaticsPlugin plugin;
+        const int number = plugin.init(&frame);
+        QVERIFY(plugin.uninit(number));
+        QVERIFY(!plugin.uninit(number));
+    }
 
-    QVERIFY(plugin.uninit(number));
-    deleteWhatIsDue();
-    QCOMPARE(plugin.getWidget(number), nullptr);
-    QVERIFY(widget);
-    QCOMPARE(widget->parentWidget(), &frame);
-    QVERIFY(widget->isVisible());
-}
+    void uninitLeavesWidgetWithParentAsItIs()
+    {
+        PageScene scene;
+        QWidget frame;
+        DataStaticsPlugin plugin;
+        const int number = plugin.init(&frame);
+        const QPointer<BaseWidget> widget = plugin.getWidget(number);
+        showPage(frame);
+        widget->show();
+        QVERIFY(widget->isVisible());
 
-void TestPlugin::uninitDeletesParentlessWidgetOnlyInTheEventLoop()
-{
-    DataStaticsPlugin plugin;
-    const int number = plugin.init(nullptr);
-    const QPointer<BaseWidget> widget = plugin.getWidget(number);
-    QVERIFY(plugin.uninit(number));
-    QVERIFY(widget);
-    QCOMPARE(plugin.getWidget(number), nullptr);
-    QTRY_VERIFY(!widget);
-}
+        QVERIFY(plugin.uninit(number));
+        deleteWhatIsDue();
+        QCOMPARE(plugin.getWidget(number), nullptr);
+        QVERIFY(widget);
+        QCOMPARE(widget->parentWidget(), &frame);
+        QVERIFY(widget->isVisible());
+    }
 
-void TestPlugin::uninitInsideSlotOfItsWidgetIsSafe()
-{
-    DataStaticsPlugin plugin;
-    const int number = plugin.init(nullptr);
-    const QPointer<BaseWidget> widget = plugin.getWidget(number);
-    QTabWidget *tabs = tabsOf(widget);
-    bool aliveInsideSlot = false;
-    connect(tabs, &QTabWidget::currentChanged, widget, [&] {
+    void uninitDeletesParentlessWidgetOnlyInTheEventLoop()
+    {
+        DataStaticsPlugin plugin;
+        const int number = plugin.init(nullptr);
+        const QPointer<BaseWidget> widget = plugin.getWidget(number);
+        QVERIFY(plugin.uninit(number));
+        QVERIFY(widget);
+        QCOMPARE(plugin.getWidget(number), nullptr);
+        QTRY_VERIFY(!widget);
+    }
+
+    void uninitInsideSlotOfItsWidgetIsSafe()
+    {
+        DataStaticsPlugin plugin;
+        const int number = plugin.init(nullptr);
+        const QPointer<BaseWidget> widget = plugin.getWidget(number);
+        QTabWidget *tabs = tabsOf(widget);
+        bool aliveInsideSlot = false;
+        connect(tabs, &QTabWidget::currentChanged, widget, [&] {
+            plugin.uninit(number);
+            aliveInsideSlot = !widget.isNull() && tabs->count() == 4;
+        });
+        tabs->setCurrentIndex(2);
+        QVERIFY(aliveInsideSlot);
+        QTRY_VERIFY(!widget);
+    }
+
+    void parentAtInitDecidesNotTheLaterOne()
+    {
+        DataStaticsPlugin plugin;
+        QWidget frame;
+
+        const int adopted = plugin.init(nullptr);
+        const QPointer<BaseWidget> adoptedWidget = plugin.getWidget(adopted);
+        adoptedWidget->setParent(&frame);
+        QVERIFY(plugin.uninit(adopted));
+        QTRY_VERIFY(!adoptedWidget);
+
+        const int released = plugin.init(&frame);
+        const QPointer<BaseWidget> releasedWidget = plugin.getWidget(released);
+        releasedWidget->setParent(nullptr);
+        QVERIFY(plugin.uninit(released));
+        deleteWhatIsDue();
+        QVERIFY(releasedWidget);
+        delete releasedWidget;
+    }
+
+    void uninitForgetsNumberWhoseParentDied()
+    {
+        DataStaticsPlugin plugin;
+        auto frame = std::make_unique<QWidget>();
+        const int number = plugin.init(frame.get());
+        frame.reset();
+        QVERIFY(plugin.uninit(number));
+        QVERIFY(!plugin.uninit(number));
+    }
+
+    void destructionLeavesAllWidgetsAliveAndShown()
+    {
+        PageScene scene;
+        QWidget frame;
+        auto plugin = std::make_unique<DataStaticsPlugin>();
+        const QPointer<BaseWidget> child = plugin->getWidget(plugin->init(&frame));
+        const QPointer<BaseWidget> orphan = plugin->getWidget(plugin->init(nullptr));
+        showPage(frame);
+        child->show();
+        orphan->show();
+
+        plugin.reset();
+        deleteWhatIsDue();
+        QVERIFY(child);
+        QVERIFY(child->isVisible());
+        QVERIFY(orphan);
+        QVERIFY(orphan->isVisible());
+        delete orphan;
+    }
+
+    void twoRegistriesShareTheCounterNotTheNumbers()
+    {
+        QWidget frame;
+        DataStaticsPlugin one;
+        DataStaticsPlugin other;
+        const int first = one.init(&frame);
+        const int second = other.init(&frame);
+        const int third = one.init(&frame);
+        QCOMPARE(second, first + 1);
+        QCOMPARE(third, second + 1);
+        QCOMPARE(other.getWidget(first), nullptr);
+        QCOMPARE(one.getWidget(second), nullptr);
+        QVERIFY(!other.uninit(first));
+        QVERIFY(!one.uninit(second));
+        QVERIFY(one.getWidget(first));
+        QVERIFY(other.getWidget(second));
+    }
+
+    void operationsLogNothing()
+    {
+        QWidget frame;
+        DataStaticsPlugin plugin;
+        QStringList linesOfConstruction;
+        {
+            LogCapture log;
+            const DataStaticsWidget widget;
+            linesOfConstruction = writtenLines(log);
+        }
+        LogCapture log;
+        const int number = plugin.init(&frame);
+        QCOMPARE(writtenLines(log), linesOfConstruction);
+        log.clear();
+        plugin.getWidget(number);
+        plugin.getWidget(-1);
+        plugin.getWidget(number + 1);
+        plugin.uninit(-1);
+        plugin.uninit(number + 1);
         plugin.uninit(number);
-        aliveInsideSlot = !widget.isNull() && tabs->count() == 4;
-    });
-    tabs->setCurrentIndex(2);
-    QVERIFY(aliveInsideSlot);
-    QTRY_VERIFY(!widget);
-}
+        plugin.uninit(number);
+        QCOMPARE(writtenLines(log), QStringList());
+    }
 
-void TestPlugin::parentAtInitDecidesNotTheLaterOne()
-{
-    DataStaticsPlugin plugin;
-    QWidget frame;
+    void classesAddNothingToTheMetaObject()
+    {
+        const std::pair<const QMetaObject *, const QMetaObject *> classes[] = {
+            {&DataStaticsPlugin::staticMetaObject, &QObject::staticMetaObject},
+            {&DataStaticsWidget::staticMetaObject, &BaseWidget::staticMetaObject}};
+        QStringList names;
+        for (const auto &[meta, base] : classes) {
+            names.append(QString::fromLatin1(meta->className()));
+            QCOMPARE(meta->superClass(), base);
+            QCOMPARE(meta->methodCount(), base->methodCount());
+            QCOMPARE(meta->propertyCount(), base->propertyCount());
+        }
+        QCOMPARE(names, QStringList({"DataStaticsPlugin", "DataStaticsWidget"}));
+    }
 
-    const int adopted = plugin.init(nullptr);
-    const QPointer<BaseWidget> adoptedWidget = plugin.getWidget(adopted);
-    adoptedWidget->setParent(&frame);
-    QVERIFY(plugin.uninit(adopted));
-    QTRY_VERIFY(!adoptedWidget);
+    void parentOfRegistryIsTheOneGiven()
+    {
+        QObject host;
+        const DataStaticsPlugin child(&host);
+        QCOMPARE(child.parent(), &host);
+        const DataStaticsPlugin alone;
+        QCOMPARE(alone.parent(), nullptr);
+    }
 
-    const int released = plugin.init(&frame);
-    const QPointer<BaseWidget> releasedWidget = plugin.getWidget(released);
-    releasedWidget->setParent(nullptr);
-    QVERIFY(plugin.uninit(released));
-    deleteWhatIsDue();
-    QVERIFY(releasedWidget);
-    delete releasedWidget;
-}
+    void tabHostHasFormOfFourPages()
+    {
+        QWidget frame;
+        DataStaticsWidget widget(&frame);
+        QCOMPARE(widget.parentWidget(), &frame);
+        QCOMPARE(widget.objectName(), u"DataStaticsWidget"_s);
+        QCOMPARE(widget.size(), QSize(933, 645));
+        QCOMPARE(widget.windowTitle(), u"Form"_s);
+        QCOMPARE(widget.windowFlags(), QWidget(&frame).windowFlags());
 
-void TestPlugin::uninitForgetsNumberWhoseParentDied()
-{
-    DataStaticsPlugin plugin;
-    auto frame = std::make_unique<QWidget>();
-    const int number = plugin.init(frame.get());
-    frame.reset();
-    QVERIFY(plugin.uninit(number));
-    QVERIFY(!plugin.uninit(number));
-}
+        auto *layout = qobject_cast<QVBoxLayout *>(widget.layout());
+        QVERIFY(layout);
+        QCOMPARE(layout->objectName(), u"verticalLayout"_s);
+        QCOMPARE(layout->count(), 1);
+        QTabWidget *tabs = tabsOf(&widget);
+        QVERIFY(tabs);
+        QCOMPARE(tabs->parentWidget(), &widget);
+        QCOMPARE(layout->itemAt(0)->widget(), tabs);
 
-void TestPlugin::destructionLeavesAllWidgetsAliveAndShown()
-{
-    PageScene scene;
-    QWidget frame;
-    frame.resize(1200, 700);
-    auto plugin = std::make_unique<DataStaticsPlugin>();
-    const QPointer<BaseWidget> child = plugin->getWidget(plugin->init(&frame));
-    const QPointer<BaseWidget> orphan = plugin->getWidget(plugin->init(nullptr));
-    frame.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&frame));
-    child->show();
-    orphan->show();
+        QStringList pages;
+        for (int i = 0; i < tabs->count(); ++i) {
+            QVERIFY(qobject_cast<BasicChart *>(tabs->widget(i)));
+            pages.append(tabs->widget(i)->objectName());
+        }
+        QCOMPARE(pages,
+            QStringList(
+                {u"tabOrganization"_s, u"tabDevice"_s, u"tabOrganizationOnline"_s, u"tabDeviceOnline"_s}));
+        QCOMPARE(widget.findChildren<BasicChart *>().size(), 4);
+    }
 
-    plugin.reset();
-    deleteWhatIsDue();
-    QVERIFY(child);
-    QVERIFY(child->isVisible());
-    QVERIFY(orphan);
-    QVERIFY(orphan->isVisible());
-    delete orphan;
-}
+    void formAsksForPlaceholderTexts()
+    {
+        FormTextRecorder recorder;
+        QCoreApplication::installTranslator(&recorder);
+        {
+            const DataStaticsWidget widget;
+        }
+        QCoreApplication::removeTranslator(&recorder);
+        QStringList tabs = recorder.asked;
+        tabs.removeAll(u"Form"_s);
+        QCOMPARE(tabs,
+            QStringList(
+                {u"TK_Organization"_s, u"TK_Device"_s, u"TK_OrganizationOnline"_s, u"TK_DeviceOnline"_s}));
+    }
 
-void TestPlugin::twoRegistriesShareTheCounterNotTheNumbers()
-{
-    QWidget frame;
-    DataStaticsPlugin one;
-    DataStaticsPlugin other;
-    const int first = one.init(&frame);
-    const int second = other.init(&frame);
-    const int third = one.init(&frame);
-    QCOMPARE(second, first + 1);
-    QCOMPARE(third, second + 1);
-    QCOMPARE(other.getWidget(first), nullptr);
-    QCOMPARE(one.getWidget(second), nullptr);
-    QVERIFY(!other.uninit(first));
-    QVERIFY(!one.uninit(second));
-    QVERIFY(one.getWidget(first));
-    QVERIFY(other.getWidget(second));
-}
-
-void TestPlugin::operationsLogNothing()
-{
-    QWidget frame;
-    DataStaticsPlugin plugin;
-    QStringList linesOfConstruction;
+    void pagesGetTheirServiceTypesInOrder()
     {
         LogCapture log;
         const DataStaticsWidget widget;
-        linesOfConstruction = writtenLines(log);
+        QCOMPARE(writtenLines(log),
+            QStringList(
+                {u"setServiceType type: 2"_s, u"setServiceType type: 3"_s, u"setServiceType type: 4"_s}));
     }
-    LogCapture log;
-    const int number = plugin.init(&frame);
-    QCOMPARE(writtenLines(log), linesOfConstruction);
-    log.clear();
-    plugin.getWidget(number);
-    plugin.getWidget(-1);
-    plugin.getWidget(number + 1);
-    plugin.uninit(-1);
-    plugin.uninit(number + 1);
-    plugin.uninit(number);
-    plugin.uninit(number);
-    QCOMPARE(writtenLines(log), QStringList());
-}
 
-void TestPlugin::classHasNoSignalSlotOrPropertyOfItsOwn()
-{
-    const QMetaObject &meta = DataStaticsPlugin::staticMetaObject;
-    QCOMPARE(QByteArray(meta.className()), QByteArray("DataStaticsPlugin"));
-    QCOMPARE(meta.superClass(), &QObject::staticMetaObject);
-    QCOMPARE(meta.methodCount(), QObject::staticMetaObject.methodCount());
-    QCOMPARE(meta.propertyCount(), QObject::staticMetaObject.propertyCount());
-}
-
-void TestPlugin::parentOfRegistryIsTheOneGiven()
-{
-    QObject host;
-    const DataStaticsPlugin child(&host);
-    QCOMPARE(child.parent(), &host);
-    const DataStaticsPlugin alone;
-    QCOMPARE(alone.parent(), nullptr);
-}
-
-void TestPlugin::tabHostHasFormOfFourPages()
-{
-    QWidget frame;
-    DataStaticsWidget widget(&frame);
-    QCOMPARE(widget.parentWidget(), &frame);
-    QCOMPARE(widget.objectName(), QStringLiteral("DataStaticsWidget"));
-    QCOMPARE(widget.size(), QSize(933, 645));
-    QCOMPARE(widget.windowTitle(), QStringLiteral("Form"));
-    QCOMPARE(widget.windowFlags(), QWidget(&frame).windowFlags());
-
-    auto *layout = qobject_cast<QVBoxLayout *>(widget.layout());
-    QVERIFY(layout);
-    QCOMPARE(layout->objectName(), QStringLiteral("verticalLayout"));
-    QCOMPARE(layout->count(), 1);
-    QTabWidget *tabs = tabsOf(&widget);
-    QVERIFY(tabs);
-    QCOMPARE(tabs->parentWidget(), &widget);
-    QCOMPARE(layout->itemAt(0)->widget(), tabs);
-
-    QStringList pages;
-    for (int i = 0; i < tabs->count(); ++i) {
-        QVERIFY(qobject_cast<BasicChart *>(tabs->widget(i)));
-        pages.append(tabs->widget(i)->objectName());
-    }
-    QCOMPARE(pages,
-        QStringList({QStringLiteral("tabOrganization"), QStringLiteral("tabDevice"),
-            QStringLiteral("tabOrganizationOnline"), QStringLiteral("tabDeviceOnline")}));
-    QCOMPARE(widget.findChildren<BasicChart *>().size(), 4);
-}
-
-void TestPlugin::formAsksForPlaceholderTexts()
-{
-    FormTextRecorder recorder;
-    QCoreApplication::installTranslator(&recorder);
+    void firstTabIsCurrent()
     {
         const DataStaticsWidget widget;
+        QCOMPARE(tabsOf(&widget)->currentIndex(), 0);
+        QCOMPARE(tabsOf(&widget)->currentWidget()->objectName(), u"tabOrganization"_s);
     }
-    QCoreApplication::removeTranslator(&recorder);
-    QStringList tabs = recorder.asked;
-    tabs.removeAll(QStringLiteral("Form"));
-    QCOMPARE(tabs,
-        QStringList({QStringLiteral("TK_Organization"), QStringLiteral("TK_Device"),
-            QStringLiteral("TK_OrganizationOnline"), QStringLiteral("TK_DeviceOnline")}));
-}
 
-void TestPlugin::pagesGetTheirServiceTypesInOrder()
-{
-    LogCapture log;
-    const DataStaticsWidget widget;
-    QCOMPARE(writtenLines(log),
-        QStringList({QStringLiteral("setServiceType type: 2"), QStringLiteral("setServiceType type: 3"),
-            QStringLiteral("setServiceType type: 4")}));
-}
+    void tabTextsAreKeysWithoutLanguage()
+    {
+        const DataStaticsWidget widget;
+        QCOMPARE(tabTexts(tabsOf(&widget)), tabKeys);
+    }
 
-void TestPlugin::firstTabIsCurrent()
-{
-    const DataStaticsWidget widget;
-    QCOMPARE(tabsOf(&widget)->currentIndex(), 0);
-    QCOMPARE(tabsOf(&widget)->currentWidget()->objectName(), QStringLiteral("tabOrganization"));
-}
+    void tabsAreFittedTo140()
+    {
+        const QStringList shortTexts(4, u"a"_s);
+        QCOMPARE(fittedWidths(shortTexts, 140), QList<int>({140, 140, 140, 140}));
 
-void TestPlugin::tabTextsAreKeysWithoutLanguage()
-{
-    const DataStaticsWidget widget;
-    QCOMPARE(tabTexts(tabsOf(&widget)), tabKeys);
-}
+        const DataStaticsWidget widget;
+        const QList<int> widths = tabWidths(tabsOf(&widget));
+        QCOMPARE(widths, fittedWidths(tabKeys, 140));
+        for (const int width : widths)
+            QVERIFY2(width >= 140, qPrintable(QString::number(width)));
+    }
 
-void TestPlugin::tabsAreFittedTo140()
-{
-    const QStringList shortTexts(4, QStringLiteral("a"));
-    QCOMPARE(fittedWidths(shortTexts, 140), QList<int>({140, 140, 140, 140}));
+    void showAsksForAlarmsOfOrganisationsOnly()
+    {
+        ShownTabs shown;
+        QCOMPARE(shown.scene.wholeLevelCalls(), QStringList({"getAlarmStatisticsOfOrgas"}));
+        QCOMPARE(shown.scene.client.calls.count(u"getCurUserInfo"_s), 1);
+        QCOMPARE(shown.scene.treeLoads(), 1);
+    }
 
-    const DataStaticsWidget widget;
-    const QList<int> widths = tabWidths(tabsOf(&widget));
-    QCOMPARE(widths, fittedWidths(tabKeys, 140));
-    for (const int width : widths)
-        QVERIFY2(width >= 140, qPrintable(QString::number(width)));
-}
+    void choosingTabShowsItsPageAndReloadsEachTime()
+    {
+        ShownTabs shown;
 
-void TestPlugin::showAsksForAlarmsOfOrganisationsOnly()
-{
-    PageScene scene;
-    DataStaticsWidget widget;
-    showPage(widget);
-    QCOMPARE(scene.wholeLevelCalls(), QStringList({QStringLiteral("getAlarmStatisticsOfOrgas")}));
-    QCOMPARE(scene.client.calls.count(QStringLiteral("getCurUserInfo")), 1);
-    QCOMPARE(scene.treeLoads(), 1);
-}
+        shown.scene.forgetCalls();
+        LogCapture log;
+        clickTab(shown.tabs, 3);
+        QCOMPARE(shown.tabs->currentIndex(), 3);
+        QCOMPARE(log.count(u"BasicChart::doAfterWidgetHide Type 1"_s), 1);
+        QCOMPARE(log.count(u"BasicChart::doAfterWidgetShow Type 4"_s), 1);
+        QCOMPARE(shown.scene.treeLoads(), 1);
+        QCOMPARE(shown.scene.wholeLevelCalls(), QStringList({"getOnlineStatisticsOfDevices"}));
 
-void TestPlugin::choosingTabShowsItsPageAndReloadsEachTime()
-{
-    PageScene scene;
-    DataStaticsWidget widget;
-    showPage(widget);
-    QTabWidget *tabs = tabsOf(&widget);
+        shown.scene.forgetCalls();
+        log.clear();
+        clickTab(shown.tabs, 0);
+        QCOMPARE(log.count(u"BasicChart::doAfterWidgetHide Type 4"_s), 1);
+        QCOMPARE(log.count(u"BasicChart::doAfterWidgetShow Type 1"_s), 1);
+        QCOMPARE(shown.scene.treeLoads(), 1);
+        QCOMPARE(shown.scene.wholeLevelCalls(), QStringList({"getAlarmStatisticsOfOrgas"}));
+        QCOMPARE(shown.scene.client.calls.count(u"getCurUserInfo"_s), 0);
+    }
 
-    scene.forgetCalls();
-    LogCapture log;
-    clickTab(tabs, 3);
-    QCOMPARE(tabs->currentIndex(), 3);
-    QCOMPARE(log.count(QStringLiteral("BasicChart::doAfterWidgetHide Type 1")), 1);
-    QCOMPARE(log.count(QStringLiteral("BasicChart::doAfterWidgetShow Type 4")), 1);
-    QCOMPARE(scene.treeLoads(), 1);
-    QCOMPARE(scene.wholeLevelCalls(), QStringList({QStringLiteral("getOnlineStatisticsOfDevices")}));
+    void eachTabOpensItsKind_data()
+    {
+        table<int, QString>({"tab", "query"},
+            {{"alarms by device", 1, "getAlarmStatisticsOfDevices"},
+                {"online by organisation", 2, "getOnlineStatisticsOfOrgas"},
+                {"online by device", 3, "getOnlineStatisticsOfDevices"}});
+    }
 
-    scene.forgetCalls();
-    log.clear();
-    clickTab(tabs, 0);
-    QCOMPARE(log.count(QStringLiteral("BasicChart::doAfterWidgetHide Type 4")), 1);
-    QCOMPARE(log.count(QStringLiteral("BasicChart::doAfterWidgetShow Type 1")), 1);
-    QCOMPARE(scene.treeLoads(), 1);
-    QCOMPARE(scene.wholeLevelCalls(), QStringList({QStringLiteral("getAlarmStatisticsOfOrgas")}));
-    QCOMPARE(scene.client.calls.count(QStringLiteral("getCurUserInfo")), 0);
-}
+    void eachTabOpensItsKind()
+    {
+        QFETCH(int, tab);
+        QFETCH(QString, query);
+        ShownTabs shown;
+        shown.scene.forgetCalls();
+        LogCapture log;
+        clickTab(shown.tabs, tab);
+        QCOMPARE(shown.scene.wholeLevelCalls(), QStringList({query}));
+        QCOMPARE(log.count(u"BasicChart::doAfterWidgetShow Type %1"_s.arg(tab + 1)), 1);
+    }
 
-void TestPlugin::eachTabOpensItsKind_data()
-{
-    QTest::addColumn<int>("tab");
-    QTest::addColumn<QString>("query");
-    QTest::newRow("alarms by device") << 1 << QStringLiteral("getAlarmStatisticsOfDevices");
-    QTest::newRow("online by organisation") << 2 << QStringLiteral("getOnlineStatisticsOfOrgas");
-    QTest::newRow("online by device") << 3 << QStringLiteral("getOnlineStatisticsOfDevices");
-}
+    void dataStaticTypeOnlyRefits_data()
+    {
+        QTest::addColumn<int>("type");
+        for (int type = -1; type < 10; ++type)
+            QTest::addRow("type %d", type) << type;
+        QTest::newRow("largest int") << INT_MAX;
+        QTest::newRow("smallest int") << INT_MIN;
+    }
 
-void TestPlugin::eachTabOpensItsKind()
-{
-    QFETCH(int, tab);
-    QFETCH(QString, query);
-    PageScene scene;
-    DataStaticsWidget widget;
-    showPage(widget);
-    scene.forgetCalls();
-    LogCapture log;
-    clickTab(tabsOf(&widget), tab);
-    QCOMPARE(scene.wholeLevelCalls(), QStringList({query}));
-    QCOMPARE(log.count(QStringLiteral("BasicChart::doAfterWidgetShow Type %1").arg(tab + 1)), 1);
-}
+    void dataStaticTypeOnlyRefits()
+    {
+        QFETCH(int, type);
+        PageScene scene;
+        DataStaticsWidget widget;
+        QTabWidget *tabs = tabsOf(&widget);
+        tabs->setCurrentIndex(2);
+        tabs->setTabText(1, u"kept"_s);
+        BaseHelper::getInstance()->adjustTabWidgetViewWidth(tabs, 260);
+        QList<QWidget *> pages;
+        for (int i = 0; i < tabs->count(); ++i)
+            pages.append(tabs->widget(i));
+        QStringList texts = tabKeys;
+        texts[1] = u"kept"_s;
+        QVERIFY(tabWidths(tabs) != fittedWidths(texts, 140));
 
-void TestPlugin::dataStaticTypeOnlyRefits_data()
-{
-    QTest::addColumn<int>("type");
-    for (int type = -1; type < 10; ++type)
-        QTest::addRow("type %d", type) << type;
-    QTest::newRow("largest int") << INT_MAX;
-    QTest::newRow("smallest int") << INT_MIN;
-}
-
-void TestPlugin::dataStaticTypeOnlyRefits()
-{
-    QFETCH(int, type);
-    PageScene scene;
-    DataStaticsWidget widget;
-    QTabWidget *tabs = tabsOf(&widget);
-    tabs->setCurrentIndex(2);
-    tabs->setTabText(1, QStringLiteral("kept"));
-    BaseHelper::getInstance()->adjustTabWidgetViewWidth(tabs, 260);
-    QList<QWidget *> pages;
-    for (int i = 0; i < tabs->count(); ++i)
-        pages.append(tabs->widget(i));
-    QStringList texts = tabKeys;
-    texts[1] = QStringLiteral("kept");
-    QVERIFY(tabWidths(tabs) != fittedWidths(texts, 140));
-
-    LogCapture log;
-    widget.setDataStaticType(static_cast<DataStaticsWidget::DataStaticType>(type));
-    QCOMPARE(writtenLines(log), QStringList());
-    QCOMPARE(tabs->currentIndex(), 2);
-    QCOMPARE(tabTexts(tabs), texts);
-    for (int i = 0; i < tabs->count(); ++i)
-        QCOMPARE(tabs->widget(i), pages.at(i));
-    QCOMPARE(tabs->count(), 4);
-    QCOMPARE(tabWidths(tabs), fittedWidths(texts, 140));
-    QCOMPARE(scene.client.calls, QStringList());
-
-    showPage(widget);
-    QVERIFY(log.contains(QStringLiteral("BasicChart::doAfterWidgetShow Type 3")));
-}
-
-void TestPlugin::pagesRenewTheirTextsOnTheirOwn()
-{
-    PageScene scene;
-    DataStaticsWidget widget;
-    showPage(widget);
-    QTabWidget *tabs = tabsOf(&widget);
-    auto *month = tabs->widget(0)->findChild<QPushButton *>(QStringLiteral("pushButtonMonth"));
-    const QString titleByHand = QStringLiteral("title by hand");
-    const QString textByHand = QStringLiteral("text by hand");
-
-    month->setText(textByHand);
-    widget.retranslateUi();
-    QCOMPARE(month->text(), textByHand);
-
-    tabs->setTabText(0, titleByHand);
-    QEvent change(QEvent::LanguageChange);
-    QCoreApplication::sendEvent(tabs->widget(0), &change);
-    QVERIFY(month->text() != textByHand);
-    QCOMPARE(tabs->tabText(0), titleByHand);
-}
-
-void TestPlugin::languageChangeRetitlesAndRefits()
-{
-    PageScene scene;
-    DataStaticsWidget widget;
-    showPage(widget);
-    QTabWidget *tabs = tabsOf(&widget);
-    const QList<int> before = tabWidths(tabs);
-    for (const QString &code : {QStringLiteral("x-long"), QStringLiteral("en")}) {
-        QVERIFY(HostSettings::setLanguage(code));
-        QStringList texts;
-        for (const QString &key : tabKeys) {
-            const QString text = AppLanguageTr::instance()->translate(key, AppLanguageTr::Title, -1);
-            QVERIFY2(text != key, qPrintable(key));
-            texts.append(text);
-        }
-        QTRY_COMPARE(tabTexts(tabs), texts);
+        LogCapture log;
+        widget.setDataStaticType(static_cast<DataStaticsWidget::DataStaticType>(type));
+        QCOMPARE(writtenLines(log), QStringList());
+        QCOMPARE(tabs->currentIndex(), 2);
+        QCOMPARE(tabTexts(tabs), texts);
+        for (int i = 0; i < tabs->count(); ++i)
+            QCOMPARE(tabs->widget(i), pages.at(i));
+        QCOMPARE(tabs->count(), 4);
         QCOMPARE(tabWidths(tabs), fittedWidths(texts, 140));
-        QVERIFY(tabWidths(tabs) != before);
-        QCOMPARE(tabs->currentIndex(), 0);
+        QCOMPARE(scene.client.calls, QStringList());
+
+        showPage(widget);
+        QVERIFY(log.contains(u"BasicChart::doAfterWidgetShow Type 3"_s));
     }
-}
 
-// The first line of the set-up is that of the second page's kind; the form stands as it was made by then.
-void TestPlugin::formSelectsTheLastTabUntilItIsSetUp()
-{
-    QWidget frame;
-    int tabThen = -1;
-    QStringList textsThen;
-    LogCapture log;
-    log.whenWritten = [&](const QString &line) {
-        const QTabWidget *tabs = tabsOf(&frame);
-        if (!tabs || line != QStringLiteral("setServiceType type: 2"))
-            return;
-        tabThen = tabs->currentIndex();
-        textsThen = tabTexts(tabs);
-    };
-    const DataStaticsWidget widget(&frame);
-    QCOMPARE(tabThen, 3);
-    QCOMPARE(textsThen,
-        QStringList({QStringLiteral("TK_Organization"), QStringLiteral("TK_Device"),
-            QStringLiteral("TK_OrganizationOnline"), QStringLiteral("TK_DeviceOnline")}));
-    QCOMPARE(tabsOf(&widget)->currentIndex(), 0);
-}
+    void languageChangeRetitlesAndRefits()
+    {
+        ShownTabs shown;
+        const QList<int> before = tabWidths(shown.tabs);
+        for (const QString &code : {u"x-long"_s, u"en"_s}) {
+            QVERIFY(HostSettings::setLanguage(code));
+            QStringList texts;
+            for (const QString &key : tabKeys) {
+                const QString text = AppLanguageTr::instance()->translate(key, AppLanguageTr::Title, -1);
+                QVERIFY2(text != key, qPrintable(key));
+                texts.append(text);
+            }
+            QTRY_COMPARE(tabTexts(shown.tabs), texts);
+            QCOMPARE(tabWidths(shown.tabs), fittedWidths(texts, 140));
+            QVERIFY(tabWidths(shown.tabs) != before);
+            QCOMPARE(shown.tabs->currentIndex(), 0);
+        }
+    }
 
-void TestPlugin::settingUpAgainRenewsTextsAndGoesBackToTheFirstTab()
-{
-    PageScene scene;
-    CountingHost widget;
-    QCOMPARE(widget.renewals, 0);
-    showPage(widget);
-    clickTab(tabsOf(&widget), 2);
-    scene.forgetCalls();
-    widget.initForm();
-    QCOMPARE(widget.renewals, 1);
-    QCOMPARE(tabsOf(&widget)->currentIndex(), 0);
-    QCOMPARE(scene.wholeLevelCalls(), QStringList({QStringLiteral("getAlarmStatisticsOfOrgas")}));
-}
+    void pagesRenewTheirTextsOnTheirOwn()
+    {
+        ShownTabs shown;
+        auto *month = shown.tabs->widget(0)->findChild<QPushButton *>(u"pushButtonMonth"_s);
+        const QString titleByHand = u"title by hand"_s;
+        const QString textByHand = u"text by hand"_s;
 
-void TestPlugin::tabHostAddsNothingToTheMetaObject()
-{
-    const QMetaObject &meta = DataStaticsWidget::staticMetaObject;
-    QCOMPARE(QByteArray(meta.className()), QByteArray("DataStaticsWidget"));
-    QCOMPARE(meta.superClass(), &BaseWidget::staticMetaObject);
-    QCOMPARE(meta.methodCount(), BaseWidget::staticMetaObject.methodCount());
-    QCOMPARE(meta.propertyCount(), BaseWidget::staticMetaObject.propertyCount());
-}
+        month->setText(textByHand);
+        shown.widget.retranslateUi();
+        QCOMPARE(month->text(), textByHand);
+
+        shown.tabs->setTabText(0, titleByHand);
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(shown.tabs->widget(0), &change);
+        QVERIFY(month->text() != textByHand);
+        QCOMPARE(shown.tabs->tabText(0), titleByHand);
+    }
+
+    // The first line of the set-up is that of the second page's kind; the form stands as it was made by then.
+    void formSelectsTheLastTabUntilItIsSetUp()
+    {
+        QWidget frame;
+        int tabThen = -1;
+        QStringList textsThen;
+        LogCapture log;
+        log.whenWritten = [&](const QString &line) {
+            const QTabWidget *tabs = tabsOf(&frame);
+            if (!tabs || line != u"setServiceType type: 2"_s)
+                return;
+            tabThen = tabs->currentIndex();
+            textsThen = tabTexts(tabs);
+        };
+        const DataStaticsWidget widget(&frame);
+        QCOMPARE(tabThen, 3);
+        QCOMPARE(textsThen,
+            QStringList(
+                {u"TK_Organization"_s, u"TK_Device"_s, u"TK_OrganizationOnline"_s, u"TK_DeviceOnline"_s}));
+        QCOMPARE(tabsOf(&widget)->currentIndex(), 0);
+    }
+
+    void settingUpAgainRenewsTextsAndGoesBackToTheFirstTab()
+    {
+        PageScene scene;
+        CountingHost widget;
+        QCOMPARE(widget.renewals, 0);
+        showPage(widget);
+        clickTab(tabsOf(&widget), 2);
+        scene.forgetCalls();
+        widget.initForm();
+        QCOMPARE(widget.renewals, 1);
+        QCOMPARE(tabsOf(&widget)->currentIndex(), 0);
+        QCOMPARE(scene.wholeLevelCalls(), QStringList({"getAlarmStatisticsOfOrgas"}));
+    }
+};
 
 TALVIX_TEST_MAIN(TestPlugin)
 #include "tst_plugin.moc"

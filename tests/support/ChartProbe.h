@@ -4,6 +4,7 @@
 #include "ProbePage.h"
 #include "ScriptedStatisticsManager.h"
 #include "TestMain.h"
+#include "TestTable.h"
 
 #include <TalvixWidgets/AppLanguageTr.h>
 #include <TalvixWidgets/QssFormatHelper.h>
@@ -13,6 +14,19 @@
 
 #include <array>
 #include <memory>
+
+namespace ChartProbe {
+
+/// The time that the page under test shows.
+inline const QString span = QStringLiteral("2024-05-01~2024-05-03");
+
+/// Waits until the series of freshly shown charts have grown to their size.
+inline void waitForAnimation()
+{
+    QTest::qWait(1300);
+}
+
+} // namespace ChartProbe
 
 /// A page of one kind whose organisation tree is empty, so that nothing is asked and the lists are the
 /// test's.
@@ -31,7 +45,7 @@ struct ChartStage
         } else {
             page.initForm();
         }
-        setTime(QStringLiteral("2024-05-01~2024-05-03"));
+        setTime(ChartProbe::span);
         page.tips.clear();
     }
 
@@ -40,6 +54,12 @@ struct ChartStage
     {
         page.loadChart();
         QCoreApplication::processEvents();
+    }
+    /// The same, and waits until the series have grown to their size.
+    void loadGrown()
+    {
+        page.loadChart();
+        ChartProbe::waitForAnimation();
     }
     void setTime(const QString &text) { page.part<QLineEdit>("lineEditTime")->setText(text); }
     QString titleText(const char *label) const { return page.part<QLabel>(label)->text(); }
@@ -90,6 +110,12 @@ inline QString callout(const QString &time, const QString &name, const QString &
         + name + QStringLiteral(" &nbsp; ") + value + QStringLiteral(" </p>");
 }
 
+/// The text of the call-out that is seen, null without one.
+inline QString shownCallout(const ProbePage &page)
+{
+    return page.labelCallout && page.labelCallout->isVisible() ? page.labelCallout->text() : QString();
+}
+
 /// What rich text shows.
 inline QString plainText(const QString &richText)
 {
@@ -116,6 +142,33 @@ inline void trickyNameRows()
     const QStringList names = trickyNames();
     for (const QString &name : names)
         QTest::addRow("the name \"%s\"", qUtf8Printable(name.simplified().left(30))) << name;
+    QTest::newRow("an empty name") << "";
+    QTest::newRow("a null name") << QString();
+}
+
+/// The kinds with two sets of bars and the names of the sets.
+inline void dualKinds()
+{
+    table<int, QString, QString>({"type", "first", "second"},
+        {{"traffics of organisations", 7, "TK_Vehicle", "TK_Pedestrian"},
+            {"traffics of devices", 8, "TK_Vehicle", "TK_Pedestrian"},
+            {"temperature of device groups", 9, "TK_AlarmAccepted", "TK_AlarmUnAccepted"}});
+}
+
+/// The bounds of the value axis for a list whose first value is `firstOfBound()`.
+inline void boundOfEachKind()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<double>("bound");
+    for (const int type : {1, 2, 3, 4})
+        QTest::addRow("service type %d goes by hundreds", type) << type << 200.0;
+    for (const int type : {5, 6, 7, 8, 9})
+        QTest::addRow("service type %d goes by the leading digit", type) << type << 40.0;
+}
+
+inline int firstOfBound(int type)
+{
+    return type <= 4 ? 100 : 37;
 }
 
 /// What is seen of a text: everything but marks without a width.
@@ -238,10 +291,52 @@ inline void moveAway(QChartView *view)
     QTest::mouseMove(view->viewport(), QPoint(1, 1));
 }
 
-/// Waits until the series of freshly shown charts have grown to their size.
-inline void waitForAnimation()
+/// Everything that a chart is built of.
+inline QList<QPointer<QObject>> partsOf(const QChart *chart)
 {
-    QTest::qWait(1300);
+    QList<QPointer<QObject>> parts;
+    for (QAbstractAxis *axis : chart->axes())
+        parts.append(axis);
+    for (QAbstractSeries *one : chart->series()) {
+        parts.append(one);
+        if (const auto *bars = qobject_cast<QAbstractBarSeries *>(one)) {
+            for (QBarSet *set : bars->barSets())
+                parts.append(set);
+        } else if (const auto *pie = qobject_cast<QPieSeries *>(one)) {
+            for (QPieSlice *slice : pie->slices())
+                parts.append(slice);
+        }
+    }
+    return parts;
+}
+
+/// Each call of \a build makes another chart, which belongs to nobody and takes all its parts along.
+template <typename Build>
+void verifyNewCharts(const Build &build)
+{
+    OwnedChart chart = build();
+    const OwnedChart other = build();
+    QVERIFY(chart != other);
+    QVERIFY(!chart->parent());
+    QVERIFY(!chart->parentItem());
+    QVERIFY(!chart->scene());
+    const QList<QPointer<QObject>> parts = partsOf(chart.get());
+    const QList<QPointer<QObject>> otherParts = partsOf(other.get());
+    QVERIFY(parts.size() > 1);
+    chart.reset();
+    for (const QPointer<QObject> &part : parts)
+        QVERIFY(part.isNull());
+    for (const QPointer<QObject> &part : otherParts)
+        QVERIFY(part);
+}
+
+/// What a class of snapshots counts: some of no minor type that has a name.
+inline SnapDetailMajorItem major(int type, int countOfOthers)
+{
+    SnapDetailMajorItem item;
+    item.majorType = type;
+    item.minors = {{-4711, countOfOthers}};
+    return item;
 }
 
 /// Lets everything go that was left to the event loop for deletion.

@@ -9,16 +9,21 @@
 
 namespace {
 
+const QBarCategoryAxis *namesBelow(const QChart &chart)
+{
+    const QList<QAbstractAxis *> axes = chart.axes(Qt::Horizontal);
+    return axes.size() == 1 ? qobject_cast<const QBarCategoryAxis *>(axes.constFirst()) : nullptr;
+}
+
 QString brokenBars(const QChart &chart, bool twoSets)
 {
+    const QBarCategoryAxis *axis = namesBelow(chart);
     const QList<QAbstractSeries *> allSeries = chart.series();
-    const QList<QAbstractAxis *> axes = chart.axes(Qt::Horizontal);
     for (const QAbstractSeries *one : allSeries) {
         const auto *bars = qobject_cast<const QAbstractBarSeries *>(one);
         if (!bars)
             return QStringLiteral("the bar chart has a series of another kind");
-        const auto *axis = qobject_cast<const QBarCategoryAxis *>(axes.value(0));
-        if (!axis || axes.size() != 1)
+        if (!axis)
             return QStringLiteral("the bar chart has not one axis of names");
         const QList<QBarSet *> sets = bars->barSets();
         if (twoSets && sets.size() != 2)
@@ -33,17 +38,15 @@ QString brokenBars(const QChart &chart, bool twoSets)
 
 QString brokenLines(const QChart &chart)
 {
+    const QBarCategoryAxis *axis = namesBelow(chart);
+    const int periods = axis ? axis->count() : -1;
     const QList<QAbstractSeries *> allSeries = chart.series();
-    const QList<QAbstractAxis *> axes = chart.axes(Qt::Horizontal);
     for (const QAbstractSeries *one : allSeries) {
         const auto *line = qobject_cast<const QLineSeries *>(one);
         if (!line)
             return QStringLiteral("the line chart has a series of another kind");
-        const auto *axis = qobject_cast<const QBarCategoryAxis *>(axes.value(0));
-        if (!axis || line->count() != axis->count())
-            return QStringLiteral("%1 points stand above %2 periods")
-                .arg(line->count())
-                .arg(axis ? axis->count() : 0);
+        if (line->count() != periods)
+            return QStringLiteral("%1 points stand above %2 periods").arg(line->count()).arg(periods);
     }
     return {};
 }

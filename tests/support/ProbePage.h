@@ -32,117 +32,43 @@ public:
         return findChild<Widget *>(QString::fromLatin1(name));
     }
 
-    using BasicChart::barChartView;
-    using BasicChart::barDataList;
-    using BasicChart::barDataList2;
-    using BasicChart::clearBarChartData;
-    using BasicChart::clearChartData;
-    using BasicChart::clearPieAndLineChartData;
-    using BasicChart::clearPieChartData;
-    using BasicChart::comboBoxPie;
-    using BasicChart::compareCondition;
-    using BasicChart::createBarChart;
-    using BasicChart::createDualBarChart;
-    using BasicChart::createDualLineChart;
-    using BasicChart::createLineChart;
-    using BasicChart::createPdf;
-    using BasicChart::createPieChart;
-    using BasicChart::currentTimeRange;
-    using BasicChart::devDataList;
-    using BasicChart::devTypeDataList;
-    using BasicChart::etiologyDistribution;
-    using BasicChart::getAlarmOfDevice;
-    using BasicChart::getAlarmOfDevices;
-    using BasicChart::getAlarmOfOrga;
-    using BasicChart::getAlarmOfOrgas;
-    using BasicChart::getChartDataByBarId;
-    using BasicChart::getChartTitle;
-    using BasicChart::getMaxValue;
-    using BasicChart::getOnlineOfDevice;
-    using BasicChart::getOnlineOfDevices;
-    using BasicChart::getOnlineOfOrga;
-    using BasicChart::getOnlineOfOrgas;
-    using BasicChart::getOrgaID;
-    using BasicChart::getOrgaIDList;
-    using BasicChart::getSnapDetailPieData;
-    using BasicChart::getSnapDetailSamples;
-    using BasicChart::getTemperatureOfGroup;
-    using BasicChart::getTemperatureOfGroups;
-    using BasicChart::getTemperatureOfPerson;
-    using BasicChart::getTemperatureOfPersons;
-    using BasicChart::getTemperatureStatisticsOfDevGroups;
-    using BasicChart::getTempStatisticsDistributionOfGroups;
-    using BasicChart::getTrafficLineOfDevice;
-    using BasicChart::getTrafficsStatisticsOfDevice;
-    using BasicChart::getTrafficsStatisticsOfOrgas;
-    using BasicChart::idlist;
-    using BasicChart::labelCallout;
-    using BasicChart::labelPiecount;
-    using BasicChart::lineChartView;
-    using BasicChart::lineDataList;
-    using BasicChart::lineDataList2;
-    using BasicChart::lineNames;
-    using BasicChart::loadChart;
-    using BasicChart::m_bFirstShow;
-    using BasicChart::m_chartViewList;
-    using BasicChart::m_curUser;
-    using BasicChart::m_mutex;
-    using BasicChart::m_nCurPage;
-    using BasicChart::m_nPageSize;
-    using BasicChart::m_nTimeType;
-    using BasicChart::m_nTotalPage;
-    using BasicChart::m_orgaList;
-    using BasicChart::m_pCalendarWidget;
-    using BasicChart::m_pExportWidget;
-    using BasicChart::m_pTimer;
-    using BasicChart::m_queryCondition;
-    using BasicChart::m_serviceType;
-    using BasicChart::m_strSelectedBar;
-    using BasicChart::m_strToolTipFormat;
-    using BasicChart::maskDistribution;
-    using BasicChart::numberDistribution;
-    using BasicChart::organizeNodes;
-    using BasicChart::pieChartView;
-    using BasicChart::pieDataList;
-    using BasicChart::pushButtonNext;
-    using BasicChart::pushButtonPrevious;
-    using BasicChart::refreshAfterBarSort;
-    using BasicChart::reloadLineAndPieChart;
-    using BasicChart::reloadPieChart;
-    using BasicChart::retranslateTexts;
-    using BasicChart::setBarList;
-    using BasicChart::setButtonHighlight;
-    using BasicChart::setChartPalette;
-    using BasicChart::setChartRenderHint;
-    using BasicChart::setDevBarItem;
-    using BasicChart::setEtiologyPieList;
-    using BasicChart::setGroupLineList;
-    using BasicChart::setGroupsBarList;
-    using BasicChart::setLineAndPieItem;
-    using BasicChart::setMaskPieList;
-    using BasicChart::setNumberPieList;
-    using BasicChart::setOnlineBarList;
-    using BasicChart::setOnlinePieAndLineList;
-    using BasicChart::setOrgaBarItem;
-    using BasicChart::setPageInfo;
-    using BasicChart::setPersonLineList;
-    using BasicChart::setPersonsBarList;
-    using BasicChart::setPieAndLineList;
-    using BasicChart::setSnapMinorPieList;
-    using BasicChart::setTempAlarmBarItem;
-    using BasicChart::setTempAlarmLineItem;
-    using BasicChart::setTempAlarmLineList;
-    using BasicChart::setTemperaturePieList;
-    using BasicChart::setTrafficDeviceBarItem;
-    using BasicChart::setTrafficLineItem;
-    using BasicChart::setTrafficOrgaBarItem;
-    using BasicChart::showCallout;
-    using BasicChart::snapDetailMap;
-    using BasicChart::snapSamples;
-    using BasicChart::sortFlag;
-    using BasicChart::sortLineList;
-    using BasicChart::tempAlarmHandleList;
-    using BasicChart::temperatureDistribution;
-    using BasicChart::ui;
-    using BasicChart::updateChartOverlays;
+    using BasicChart::barChartView, BasicChart::barDataList, BasicChart::barDataList2,
+        BasicChart::clearBarChartData, BasicChart::clearChartData, BasicChart::clearPieAndLineChartData,
+        BasicChart::clearPieChartData, BasicChart::comboBoxPie, BasicChart::compareCondition,
+        BasicChart::createBarChart, BasicChart::createDualBarChart, BasicChart::createDualLineChart,
+        BasicChart::createLineChart, BasicChart::createPdf, BasicChart::createPieChart,
+        BasicChart::currentTimeRange, BasicChart::devDataList, BasicChart::devTypeDataList,
+        BasicChart::etiologyDistribution, BasicChart::getAlarmOfDevice, BasicChart::getAlarmOfDevices,
+        BasicChart::getAlarmOfOrga, BasicChart::getAlarmOfOrgas, BasicChart::getChartDataByBarId,
+        BasicChart::getChartTitle, BasicChart::getMaxValue, BasicChart::getOnlineOfDevice,
+        BasicChart::getOnlineOfDevices, BasicChart::getOnlineOfOrga, BasicChart::getOnlineOfOrgas,
+        BasicChart::getOrgaID, BasicChart::getOrgaIDList, BasicChart::getSnapDetailPieData,
+        BasicChart::getSnapDetailSamples, BasicChart::getTemperatureOfGroup,
+        BasicChart::getTemperatureOfGroups, BasicChart::getTemperatureOfPerson,
+        BasicChart::getTemperatureOfPersons, BasicChart::getTemperatureStatisticsOfDevGroups,
+        BasicChart::getTempStatisticsDistributionOfGroups, BasicChart::getTrafficLineOfDevice,
+        BasicChart::getTrafficsStatisticsOfDevice, BasicChart::getTrafficsStatisticsOfOrgas,
+        BasicChart::idlist, BasicChart::labelCallout, BasicChart::labelPiecount, BasicChart::lineChartView,
+        BasicChart::lineDataList, BasicChart::lineDataList2, BasicChart::lineNames, BasicChart::loadChart,
+        BasicChart::m_bFirstShow, BasicChart::m_chartViewList, BasicChart::m_curUser, BasicChart::m_mutex,
+        BasicChart::m_nCurPage, BasicChart::m_nPageSize, BasicChart::m_nTimeType, BasicChart::m_nTotalPage,
+        BasicChart::m_orgaList, BasicChart::m_pCalendarWidget, BasicChart::m_pExportWidget,
+        BasicChart::m_pTimer, BasicChart::m_queryCondition, BasicChart::m_serviceType,
+        BasicChart::m_strSelectedBar, BasicChart::m_strToolTipFormat, BasicChart::maskDistribution,
+        BasicChart::numberDistribution, BasicChart::organizeNodes, BasicChart::pieChartView,
+        BasicChart::pieDataList, BasicChart::pushButtonNext, BasicChart::pushButtonPrevious,
+        BasicChart::refreshAfterBarSort, BasicChart::reloadLineAndPieChart, BasicChart::reloadPieChart,
+        BasicChart::retranslateTexts, BasicChart::setBarList, BasicChart::setButtonHighlight,
+        BasicChart::setChartPalette, BasicChart::setChartRenderHint, BasicChart::setDevBarItem,
+        BasicChart::setEtiologyPieList, BasicChart::setGroupLineList, BasicChart::setGroupsBarList,
+        BasicChart::setLineAndPieItem, BasicChart::setMaskPieList, BasicChart::setNumberPieList,
+        BasicChart::setOnlineBarList, BasicChart::setOnlinePieAndLineList, BasicChart::setOrgaBarItem,
+        BasicChart::setPageInfo, BasicChart::setPersonLineList, BasicChart::setPersonsBarList,
+        BasicChart::setPieAndLineList, BasicChart::setSnapMinorPieList, BasicChart::setTempAlarmBarItem,
+        BasicChart::setTempAlarmLineItem, BasicChart::setTempAlarmLineList, BasicChart::setTemperaturePieList,
+        BasicChart::setTrafficDeviceBarItem, BasicChart::setTrafficLineItem,
+        BasicChart::setTrafficOrgaBarItem, BasicChart::showCallout, BasicChart::snapDetailMap,
+        BasicChart::snapSamples, BasicChart::sortFlag, BasicChart::sortLineList,
+        BasicChart::tempAlarmHandleList, BasicChart::temperatureDistribution, BasicChart::ui,
+        BasicChart::updateChartOverlays;
 };
