@@ -55,7 +55,8 @@ struct Parser
     QCommandLineOption now{QStringLiteral("now"),
         QStringLiteral(
             "Live at this local moment, for example 2014-03-15T17:00. Without --database the figures "
-            "are made for it and kept in memory."),
+            "are made for it and kept in memory. Without --now sample events live at 17:00 of the last day "
+            "that had one, and a database or an import of your own in the present."),
         QStringLiteral("moment")};
     QCommandLineOption snapshot{QStringLiteral("snapshot"),
         QStringLiteral(
@@ -77,8 +78,7 @@ struct Parser
             "Development host of the statistics plug-in: shows it on figures from a database.\n"
             "\n"
             "Without options it opens a window. The first start makes a database with sample events in the\n"
-            "user's data folder, which takes a few seconds; later starts continue the events to the "
-            "present.\n"
+            "user's data folder, which takes a few seconds; later starts continue the events.\n"
             "\n"
             "  talvix-devhost --language de --service 7\n"
             "  talvix-devhost --latency 1500 --fail 20\n"

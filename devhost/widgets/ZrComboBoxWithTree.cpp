@@ -205,7 +205,7 @@ void ZrComboBoxWithTree::Private::commit(const QModelIndex &index)
 {
     if (!index.isValid() || !(index.flags() & Qt::ItemIsEnabled))
         return;
-    // Closed first: what a choice sets off may take its time.
+    // Closed first: what a choice sets off blocks the thread.
     const int number = OrganisationTreeModel::numberOf(index);
     q->hidePopup();
     nodes->choose(number);
