@@ -219,6 +219,7 @@ private Q_SLOTS:
     void theSameNodeAgainIsNoNews();
     void newNamesKeepTheCurrentNodeAndWhatIsOpen();
     void typingFindsAndEnterChooses();
+    void aSearchOpensNothingForGood();
     void escapeKeepsTheCurrentNode();
     void aClickChoosesAndClosesThePopup();
     void arrowsMoveTheCursorWithoutChoosing();
@@ -1309,6 +1310,28 @@ void TestControls::typingFindsAndEnterChooses()
     QCOMPARE(currentId(combo), 4);
     QCOMPARE(news.count(), 1);
     QCOMPARE(tree->rowCount(tree->index(0, 0)), 2);
+}
+
+void TestControls::aSearchOpensNothingForGood()
+{
+    ZrComboBoxWithTree combo(nullptr);
+    fill(combo, company());
+    combo.show();
+    combo.showPopup();
+    const QAbstractItemModel *tree = combo.m_pTreeView->model();
+    const auto isOpen = [&](int row) {
+        return combo.m_pTreeView->isExpanded(tree->index(row, 0, tree->index(0, 0)));
+    };
+    combo.m_pTreeView->expand(tree->index(1, 0, tree->index(0, 0)));
+    auto *line = combo.findChild<QLineEdit *>(QStringLiteral("lineEditSearch"));
+    line->setText(QStringLiteral("hall"));
+    QVERIFY(isOpen(0) && isOpen(1));
+    line->clear();
+    QVERIFY(!isOpen(0) && isOpen(1));
+    line->setText(QStringLiteral("north"));
+    combo.hidePopup();
+    QVERIFY(!isOpen(0) && isOpen(1));
+    QVERIFY(combo.m_pTreeView->isExpanded(tree->index(0, 0)));
 }
 
 void TestControls::escapeKeepsTheCurrentNode()

@@ -171,6 +171,11 @@ void ZrComboBoxWithTree::Private::showChosen()
 
 void ZrComboBoxWithTree::Private::restoreExpansion()
 {
+    {
+        // What a search has opened is no wish of the user's.
+        const QSignalBlocker quiet(tree);
+        tree->collapseAll();
+    }
     for (const int number : std::as_const(expanded))
         tree->expand(nodes->indexOf(number));
 }
