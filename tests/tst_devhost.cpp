@@ -136,7 +136,8 @@ private:
 
 QStringList allLanguages()
 {
-    return {QStringLiteral("en"), QStringLiteral("zh_CN"), QStringLiteral("de"), QStringLiteral("x-long")};
+    return {QStringLiteral("en"), QStringLiteral("zh_CN"), QStringLiteral("de"), QStringLiteral("x-long"),
+        QStringLiteral("x-rtl")};
 }
 
 } // namespace
@@ -182,6 +183,7 @@ private Q_SLOTS:
     void theOverlayIsPaintedForEveryPageThatIsShown();
     void theOverlayIsPaintedForATabThatIsChosen();
     void theLanguageChangesLiveAndIsKept();
+    void theMirroredLanguageMirrorsTheWindow();
     void theDateOrderIsKept();
     void anotherDateOrderKeepsTheSpan_data();
     void anotherDateOrderKeepsTheSpan();
@@ -255,7 +257,8 @@ void tst_devhost::aWrongCommandLineIsOneSentence_data()
     row("more failures than queries", "--fail 101", "--fail: '101' is not a whole number from 0 to 100.");
     row("a number that is too large to be one", "--fail 99999999999999999999",
         "--fail: '99999999999999999999' is not a whole number from 0 to 100.");
-    row("an unknown language", "--language fr", "--language: 'fr' is not one of en, zh_CN, de, x-long.");
+    row("an unknown language", "--language fr",
+        "--language: 'fr' is not one of en, zh_CN, de, x-long, x-rtl.");
     row("an option with an empty value", "--database=", "--database needs a value.");
     row("a value where none belongs", "--generate=all", "Unexpected value after '--generate'.");
     row("a number of events that is none", "--generate --events many",
@@ -743,6 +746,36 @@ void tst_devhost::theLanguageChangesLiveAndIsKept()
     QCOMPARE(host.page()->findChild<QPushButton *>(QStringLiteral("pushButtonDay"))->text(),
         QStringLiteral("Tag"));
     QCOMPARE(host.settings.value(QStringLiteral("language")).toString(), QStringLiteral("de"));
+}
+
+void tst_devhost::theMirroredLanguageMirrorsTheWindow()
+{
+    Host host;
+    host.make().resize(1800, 960);
+    host.show();
+    const auto *side = host.part<QWidget>("hostSide");
+    const auto *language = host.part<QComboBox>("hostLanguage");
+    const auto *failNext = host.part<QPushButton>("hostFailNext");
+    const auto *title = host.page()->findChild<QLabel *>(QStringLiteral("labelBarChartTitle"));
+    const auto *whole = host.page()->findChild<QPushButton *>(QStringLiteral("pushButtonExport"));
+    QVERIFY(language->x() < failNext->x() && title->x() < whole->x());
+    QCOMPARE(side->x(), 0);
+
+    HostSettings::setLanguage(QStringLiteral("x-rtl"));
+    QCoreApplication::processEvents();
+    QVERIFY(language->x() > failNext->x() && title->x() > whole->x());
+    QCOMPARE(side->geometry().right() + 1, host.window->width());
+
+    host.window->resize(1280, 800);
+    QCoreApplication::processEvents();
+    QTest::mouseClick(host.part<QPushButton>("hostMenu"), Qt::LeftButton);
+    QVERIFY(side->isVisible());
+    QCOMPARE(side->geometry().right() + 1, host.window->width());
+
+    HostSettings::setLanguage(QStringLiteral("en"));
+    QCoreApplication::processEvents();
+    QVERIFY(language->x() < failNext->x());
+    QCOMPARE(side->x(), 0);
 }
 
 void tst_devhost::theDateOrderIsKept()

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void whatIsNoKeyPassesThrough();
     void theLongLanguageLengthensEveryText();
     void theLongLanguageKeepsPlaceholdersAndOuterBlanks();
+    void theMirroredLanguageRunsFromRightToLeft();
     void anUnknownLanguageChangesNothing();
     void aSwitchReachesEveryWidgetBeforeItReturns();
     void aSwitchTellsEachWidgetOnce();
@@ -116,8 +117,8 @@ void TestTexts::aProcessStartsWithoutALanguage()
     for (const char *key : pageKeys)
         QCOMPARE(translated(key), QString::fromUtf8(key));
     QCOMPARE(HostSettings::languages(),
-        QStringList(
-            {QStringLiteral("en"), QStringLiteral("zh_CN"), QStringLiteral("de"), QStringLiteral("x-long")}));
+        QStringList({QStringLiteral("en"), QStringLiteral("zh_CN"), QStringLiteral("de"),
+            QStringLiteral("x-long"), QStringLiteral("x-rtl")}));
 }
 
 void TestTexts::everyKeyHasATextInEveryLanguage_data()
@@ -209,6 +210,24 @@ void TestTexts::theLongLanguageKeepsPlaceholdersAndOuterBlanks()
     QVERIFY(translated("TK_GetFailed").endsWith(QStringLiteral("] ")));
     QVERIFY(translated("TK_AlarmStatisticsOfNum").startsWith(QStringLiteral(" [")));
     QVERIFY(translated("TK_Export").startsWith(u'[') && translated("TK_Export").endsWith(u']'));
+}
+
+void TestTexts::theMirroredLanguageRunsFromRightToLeft()
+{
+    QVERIFY(HostSettings::setLanguage(QStringLiteral("en")));
+    const QString english = translated("TK_AlarmStatisticsOfNum");
+    QCOMPARE(QGuiApplication::layoutDirection(), Qt::LeftToRight);
+    QVERIFY(HostSettings::setLanguage(QStringLiteral("x-rtl")));
+    QCOMPARE(QGuiApplication::layoutDirection(), Qt::RightToLeft);
+    QVERIFY(translated("TK_Export").isRightToLeft());
+    QVERIFY(translated("TK_GetFailed").endsWith(u' '));
+    QVERIFY(translated("TK_AlarmStatisticsOfNum").startsWith(u' '));
+    QVERIFY(translated("TK_AlarmStatisticsOfNum").contains(english.trimmed()));
+    for (const QString &code : {QStringLiteral("de"), QStringLiteral("x-long"), QString()}) {
+        QVERIFY(HostSettings::setLanguage(QStringLiteral("x-rtl")));
+        QVERIFY(HostSettings::setLanguage(code));
+        QCOMPARE(QGuiApplication::layoutDirection(), Qt::LeftToRight);
+    }
 }
 
 void TestTexts::anUnknownLanguageChangesNothing()

@@ -34,6 +34,7 @@
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QSpinBox>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QVBoxLayout>
 
@@ -100,6 +101,7 @@ QString nameOfLanguage(const QString &code)
         {QStringLiteral("zh_CN"), QStringLiteral("简体中文")},
         {QStringLiteral("de"), QStringLiteral("Deutsch")},
         {QStringLiteral("x-long"), QStringLiteral("Pseudo")},
+        {QStringLiteral("x-rtl"), QStringLiteral("Mirrored")},
     };
     return names.value(code, code);
 }
@@ -324,7 +326,8 @@ void HostWindow::arrangeSide()
         m_side->setVisible(docked);
     }
     if (!docked) {
-        m_side->setGeometry(0, barHeight, sideWidth, centralWidget()->height() - barHeight);
+        const QRect drawer(0, barHeight, sideWidth, centralWidget()->height() - barHeight);
+        m_side->setGeometry(QStyle::visualRect(layoutDirection(), centralWidget()->rect(), drawer));
         m_side->raise();
     }
     nameMenu();
@@ -547,4 +550,6 @@ void HostWindow::changeEvent(QEvent *event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    else if (event->type() == QEvent::LayoutDirectionChange)
+        arrangeSide();
 }

@@ -38,7 +38,9 @@ struct Parser
     QCommandLineOption skipBadLines{QStringLiteral("skip-bad-lines"),
         QStringLiteral("With --import: list the lines that are wrong and keep the others.")};
     QCommandLineOption language{QStringLiteral("language"),
-        QStringLiteral("Start in this language: %1. The last one lengthens every text, for trying layouts.")
+        QStringLiteral("Start in this language: %1. The last two are for trying layouts: one lengthens every "
+                       "text, the other is written from right "
+                       "to left.")
             .arg(HostSettings::languages().join(QStringLiteral(", "))),
         QStringLiteral("code")};
     QCommandLineOption service{QStringLiteral("service"),

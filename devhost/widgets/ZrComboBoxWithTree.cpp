@@ -331,7 +331,7 @@ void ZrComboBoxWithTree::showPopup()
     QSize size(std::max(width(), 280), rowHeight * rows + d->line->sizeHint().height() + 24);
     const QRect room = screen()->availableGeometry();
     size = size.boundedTo(room.size());
-    QPoint place = mapToGlobal(QPoint(0, height() + 2));
+    QPoint place = mapToGlobal(QPoint(isRightToLeft() ? width() - size.width() : 0, height() + 2));
     if (place.y() + size.height() > room.bottom() + 1) {
         const int above = mapToGlobal(QPoint()).y() - 2 - size.height();
         place.setY(above >= room.top() ? above : std::max(room.top(), room.bottom() + 1 - size.height()));
