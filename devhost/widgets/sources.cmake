@@ -31,8 +31,3 @@ target_sources(TalvixWidgets PRIVATE
 
 # The texts, compiled into the library under the names that the languages have there.
 talvix_add_texts(TalvixWidgets widgets/texts/talvix)
-
-# Draws the icons anew: build this target, run it with widgets/theme as its argument, commit what it drew.
-add_executable(talvix-draw-icons EXCLUDE_FROM_ALL widgets/theme/draw_icons.cpp)
-talvix_target(talvix-draw-icons)
-target_link_libraries(talvix-draw-icons PRIVATE Qt6::Gui)
