@@ -31,6 +31,20 @@ function(talvix_target target)
     endif()
 endfunction()
 
+# Compiles the texts <base>_<language>.ts into a target. Texts are found by keys and not by their English, so there
+# is nothing that lupdate could collect.
+function(talvix_add_texts target base)
+    set(catalogues "")
+    foreach(language IN ITEMS de en zh_CN)
+        list(APPEND catalogues "${base}_${language}.ts")
+    endforeach()
+    qt_add_lrelease(${target} TS_FILES ${catalogues} QM_FILES_OUTPUT_VARIABLE compiled NO_GLOBAL_TARGET)
+    qt_add_resources(${target} "${target}_texts"
+        PREFIX /talvix/texts
+        BASE "${CMAKE_CURRENT_BINARY_DIR}"
+        FILES ${compiled})
+endfunction()
+
 # Installs <name>Targets with a package that find_package(<name>) takes.
 function(talvix_install_package name component)
     set(destination "${CMAKE_INSTALL_LIBDIR}/cmake/${name}")

@@ -6,7 +6,7 @@ readonly build_packages=(
     qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
 )
 readonly run_packages=(
-    libqt6sql6-sqlite libqt6sql6-psql qt6-translations-l10n
+    libqt6sql6-sqlite libqt6sql6-psql libqt6svg6 qt6-translations-l10n
     fonts-inter fonts-dejavu-core fonts-noto-core fonts-noto-cjk
 )
 readonly sanitizer_packages=(

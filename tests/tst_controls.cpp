@@ -195,6 +195,8 @@ private Q_SLOTS:
     void markupInATipIsShownAsItStands();
     void aLongTipWrapsWithinThePage();
     void aMessageKeepsClearOfTheControlInUse();
+    void aNoteLiesOnNeitherLegendNorAxis();
+    void aNoteLiesWhereReadingStartsOrEnds();
     void aPageCanDieUnderItsTips();
     void aMessageWithoutAParentIsIgnored();
 
@@ -255,6 +257,7 @@ private Q_SLOTS:
     void theSameNodeAgainIsNoNews();
     void newNamesKeepTheCurrentNodeAndWhatIsOpen();
     void typingFindsAndEnterChooses();
+    void aSearchOpensNothingForGood();
     void escapeKeepsTheCurrentNode();
     void aClickChoosesAndClosesThePopup();
     void arrowsMoveTheCursorWithoutChoosing();
@@ -448,10 +451,11 @@ void TestControls::tipsStackWithTheNewestAtTheEdge()
 
     const QList<QWidget *> toasts = toastsOn(page);
     QCOMPARE(toasts.size(), 3);
-    QTRY_VERIFY(toasts.at(0)->geometry().bottom() < toasts.at(1)->geometry().top());
-    QTRY_VERIFY(toasts.at(1)->geometry().bottom() < toasts.at(2)->geometry().top());
-    QVERIFY(toasts.at(2)->geometry().bottom() < page.height());
-    QVERIFY(toasts.at(2)->geometry().top() > page.height() / 2);
+    QTRY_VERIFY(toasts.at(2)->geometry().bottom() < toasts.at(1)->geometry().top());
+    QTRY_VERIFY(toasts.at(1)->geometry().bottom() < toasts.at(0)->geometry().top());
+    QVERIFY(toasts.at(2)->geometry().top() > 0);
+    QVERIFY(toasts.at(2)->geometry().bottom() < page.height() / 2);
+    QVERIFY(toasts.at(2)->geometry().right() > page.width() - 40);
 }
 
 void TestControls::theSameTipAgainMakesNoSecondOne()
@@ -551,13 +555,50 @@ void TestControls::aMessageKeepsClearOfTheControlInUse()
     QWidget page;
     page.resize(600, 400);
     QLineEdit edit(&page);
-    edit.setGeometry(200, 40, 200, 40);
+    edit.setGeometry(390, 40, 200, 40);
     page.show();
     edit.setFocus();
     QVERIFY(QTest::qWaitForWindowActive(&page));
     ZrMessageBoxFlowDownWidget::showMessage(
         QStringLiteral("Exported"), &page, ZrMessageBoxFlowDownWidget::Success, 0);
     QVERIFY(!toastsOn(page).first()->geometry().intersects(edit.geometry()));
+}
+
+void TestControls::aNoteLiesOnNeitherLegendNorAxis()
+{
+    BaseWidget page(nullptr, {});
+    page.resize(900, 700);
+    auto *column = new QVBoxLayout(&page);
+    QList<ZrChartView *> views;
+    for (int i = 0; i < 2; ++i) {
+        views.append(new ZrChartView(new QChart, nullptr));
+        auto *bars = new QBarSeries;
+        bars->append(new QBarSet(QStringLiteral("Bars")));
+        views.last()->chart()->addSeries(bars);
+        views.last()->chart()->createDefaultAxes();
+        column->addWidget(views.last());
+    }
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    page.setTips(QStringLiteral("first"), 2);
+    page.setTips(QString(150, u'x'), 3);
+    QTest::qWait(300);
+    const QChart *chart = views.first()->chart();
+    const QRectF plot(views.first()->mapTo(&page, chart->mapToScene(chart->plotArea().topLeft()).toPoint()),
+        chart->plotArea().size());
+    for (const QWidget *toast : toastsOn(page))
+        QVERIFY(plot.contains(toast->geometry()));
+    QCOMPARE(toastsOn(page).size(), 2);
+}
+
+void TestControls::aNoteLiesWhereReadingStartsOrEnds()
+{
+    BaseWidget page(nullptr, {});
+    page.resize(900, 400);
+    page.setLayoutDirection(Qt::RightToLeft);
+    page.show();
+    page.setTips(QStringLiteral("text"), 1);
+    QVERIFY(toastsOn(page).first()->geometry().right() < page.width() / 2);
 }
 
 void TestControls::aPageCanDieUnderItsTips()
@@ -1255,6 +1296,28 @@ void TestControls::typingFindsAndEnterChooses()
     QCOMPARE(currentId(combo), 4);
     QCOMPARE(news.count(), 1);
     QCOMPARE(tree->rowCount(tree->index(0, 0)), 2);
+}
+
+void TestControls::aSearchOpensNothingForGood()
+{
+    ZrComboBoxWithTree combo(nullptr);
+    fill(combo, company());
+    combo.show();
+    combo.showPopup();
+    const QAbstractItemModel *tree = combo.m_pTreeView->model();
+    const auto isOpen = [&](int row) {
+        return combo.m_pTreeView->isExpanded(tree->index(row, 0, tree->index(0, 0)));
+    };
+    combo.m_pTreeView->expand(tree->index(1, 0, tree->index(0, 0)));
+    auto *line = combo.findChild<QLineEdit *>(QStringLiteral("lineEditSearch"));
+    line->setText(QStringLiteral("hall"));
+    QVERIFY(isOpen(0) && isOpen(1));
+    line->clear();
+    QVERIFY(!isOpen(0) && isOpen(1));
+    line->setText(QStringLiteral("north"));
+    combo.hidePopup();
+    QVERIFY(!isOpen(0) && isOpen(1));
+    QVERIFY(combo.m_pTreeView->isExpanded(tree->index(0, 0)));
 }
 
 void TestControls::escapeKeepsTheCurrentNode()

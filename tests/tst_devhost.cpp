@@ -3,6 +3,7 @@
 #include "support/TestMain.h"
 
 #include <devhost/app/DateOfPdf.h>
+#include <devhost/app/Figures.h>
 #include <devhost/app/HostWindow.h>
 #include <devhost/app/Kinds.h>
 #include <devhost/app/Options.h>
@@ -13,7 +14,14 @@
 #include <devhost/data/SqlStore.h>
 #include <devhost/widgets/HostSettings.h>
 #include <page/BasicChart.h>
+#include <plugin/preview/StatisticsPreview.h>
+#include <TalvixMessages/AlarmStatisticsMessages.h>
 
+#include <QtCharts/QAbstractBarSeries>
+#include <QtCharts/QBarSet>
+#include <QtCharts/QChartView>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QPieSeries>
 #include <QtCore/QSettings>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
@@ -128,7 +136,8 @@ private:
 
 QStringList allLanguages()
 {
-    return {QStringLiteral("en"), QStringLiteral("zh_CN"), QStringLiteral("de"), QStringLiteral("x-long")};
+    return {QStringLiteral("en"), QStringLiteral("zh_CN"), QStringLiteral("de"), QStringLiteral("x-long"),
+        QStringLiteral("x-rtl")};
 }
 
 } // namespace
@@ -158,6 +167,14 @@ private Q_SLOTS:
     void theDateOfAPdfKeepsItsLength();
     void aPdfWithoutADateStaysAsItWas();
 
+    void theSampleWorldLivesInTheAfternoon_data();
+    void theSampleWorldLivesInTheAfternoon();
+    void everyKindIsFullInTheMorningOfTheEmptiestDay();
+    void whoAsksForAMomentOrFiguresGetsThem_data();
+    void whoAsksForAMomentOrFiguresGetsThem();
+    void importedEventsLiveInThePresent();
+    void theWindowSaysWhenItLives();
+
     void theFirstPageAsksWhenTheWindowIsOnTheScreen();
     void theChosenTabIsTheFirstOneToAsk();
     void aKindOutsideTheTabsHasAPageOfItsOwn_data();
@@ -166,15 +183,22 @@ private Q_SLOTS:
     void theOverlayIsPaintedForEveryPageThatIsShown();
     void theOverlayIsPaintedForATabThatIsChosen();
     void theLanguageChangesLiveAndIsKept();
+    void theMirroredLanguageMirrorsTheWindow();
     void theDateOrderIsKept();
     void anotherDateOrderKeepsTheSpan_data();
     void anotherDateOrderKeepsTheSpan();
     void latencyAndFailuresReachTheService();
     void failingOnceShowsTheTip();
+    void theTipOfAFailureGoesWithGoodFigures();
+    void aQueryShowsThatItBlocks();
     void nothingIsClippedInTheBar_data();
     void nothingIsClippedInTheBar();
     void noPageIsSmallerThanItsControlsNeed_data();
     void noPageIsSmallerThanItsControlsNeed();
+    void theWindowFitsASmallScreen();
+    void aLowWindowScrollsThePage();
+    void nothingOfThePieIsCutAtFirst_data();
+    void nothingOfThePieIsCutAtFirst();
     void theListIsADrawerWhereThereIsNoRoom();
     void everyControlHasANameAndCanBeReachedByTab();
     void theGeometryIsKept();
@@ -233,7 +257,8 @@ void tst_devhost::aWrongCommandLineIsOneSentence_data()
     row("more failures than queries", "--fail 101", "--fail: '101' is not a whole number from 0 to 100.");
     row("a number that is too large to be one", "--fail 99999999999999999999",
         "--fail: '99999999999999999999' is not a whole number from 0 to 100.");
-    row("an unknown language", "--language fr", "--language: 'fr' is not one of en, zh_CN, de, x-long.");
+    row("an unknown language", "--language fr",
+        "--language: 'fr' is not one of en, zh_CN, de, x-long, x-rtl.");
     row("an option with an empty value", "--database=", "--database needs a value.");
     row("a value where none belongs", "--generate=all", "Unexpected value after '--generate'.");
     row("a number of events that is none", "--generate --events many",
@@ -503,6 +528,128 @@ void tst_devhost::aPdfWithoutADateStaysAsItWas()
     }
 }
 
+void tst_devhost::theSampleWorldLivesInTheAfternoon_data()
+{
+    QTest::addColumn<QDateTime>("now");
+    QTest::addColumn<QDate>("day");
+    const QDate friday(2024, 5, 3);
+    QTest::newRow("after midnight") << QDateTime(friday, QTime(0, 5)) << friday.addDays(-1);
+    QTest::newRow("in the morning") << QDateTime(friday, QTime(7, 0)) << friday.addDays(-1);
+    QTest::newRow("just before") << QDateTime(friday, QTime(16, 59, 59)) << friday.addDays(-1);
+    QTest::newRow("at the hour") << QDateTime(friday, QTime(17, 0)) << friday;
+    QTest::newRow("late at night") << QDateTime(friday, QTime(23, 59)) << friday;
+    QTest::newRow("on the first of a year")
+        << QDateTime(QDate(2024, 1, 1), QTime(3, 0)) << QDate(2023, 12, 31);
+}
+
+void tst_devhost::theSampleWorldLivesInTheAfternoon()
+{
+    QFETCH(QDateTime, now);
+    QFETCH(QDate, day);
+    QCOMPARE(momentOfSamples(now), QDateTime(day, QTime(17, 0)));
+}
+
+// Sundays are the days with the fewest events.
+void tst_devhost::everyKindIsFullInTheMorningOfTheEmptiestDay()
+{
+    Options options;
+    options.snapshotFolder = QStringLiteral("pictures are made from figures in memory");
+    Figures figures(options, [] { return QDateTime(QDate(2024, 5, 6), QTime(3, 0)); });
+    figures.open();
+    QCOMPARE(figures.moment(), QDateTime(QDate(2024, 5, 5), QTime(17, 0)));
+    QVERIFY(figures.isMomentOfSamples());
+    setPresentMoment(figures.moment());
+
+    for (const Kind &kind : allKinds()) {
+        const std::unique_ptr<BaseWidget> page(createStatisticsPage(kind.service, nullptr));
+        page->resize(1600, 900);
+        page->show();
+        QVERIFY(QTest::qWaitForWindowExposed(page.get()));
+        int bars = 0;
+        int points = 0;
+        int slices = 0;
+        for (const QChartView *view : page->findChildren<QChartView *>()) {
+            for (const QAbstractSeries *series : view->chart()->series()) {
+                if (const auto *set = qobject_cast<const QAbstractBarSeries *>(series))
+                    bars = std::max(bars, static_cast<int>(set->barSets().constFirst()->count()));
+                if (const auto *line = qobject_cast<const QLineSeries *>(series))
+                    points = std::max(points, static_cast<int>(line->count()));
+                if (const auto *pie = qobject_cast<const QPieSeries *>(series))
+                    slices = std::max(slices, pie->count());
+            }
+        }
+        const QByteArray name = kind.name.toUtf8();
+        // The last kind counts the chosen organisation alone.
+        QVERIFY2(bars >= (kind.service == 9 ? 1 : 4), name.constData());
+        QVERIFY2(points >= 7, name.constData());
+        const bool pieless = kind.service == 3 || kind.service == 4;
+        QVERIFY2(pieless || slices >= 2, name.constData());
+    }
+    setPresentMoment({});
+}
+
+void tst_devhost::whoAsksForAMomentOrFiguresGetsThem_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<bool>("isOpen");
+    QTest::newRow("nothing asked for") << QString() << true;
+    QTest::newRow("a kind of statistics") << QStringLiteral("--service 7") << true;
+    QTest::newRow("pictures") << QStringLiteral("--snapshot out") << true;
+    QTest::newRow("a moment") << QStringLiteral("--now 2014-03-15T17:00") << false;
+    QTest::newRow("a database") << QStringLiteral("--database a.db") << false;
+    QTest::newRow("an import") << QStringLiteral("--import a.csv") << false;
+}
+
+void tst_devhost::whoAsksForAMomentOrFiguresGetsThem()
+{
+    QFETCH(QString, arguments);
+    QFETCH(bool, isOpen);
+    const CommandLine line =
+        CommandLine::parse(words(qPrintable(QStringLiteral("talvix-devhost ") + arguments)));
+    QCOMPARE(line.problem, QString());
+    QCOMPARE(line.options.leavesMomentOpen(), isOpen);
+}
+
+void tst_devhost::importedEventsLiveInThePresent()
+{
+    const Sandbox sandbox;
+    qputenv("XDG_DATA_HOME", sandbox.path({}).toLocal8Bit());
+    const auto now = [] { return testMoment(); };
+    Options options;
+    options.importFile = sandbox.write(QStringLiteral("events.csv"), smallWorld);
+    for (const QString &file : {options.importFile, QString()}) {
+        options.importFile = file;
+        Figures figures(options, now);
+        figures.open();
+        QVERIFY(!figures.moment().isValid());
+        QVERIFY(!figures.isMomentOfSamples());
+    }
+    qunsetenv("XDG_DATA_HOME");
+}
+
+void tst_devhost::theWindowSaysWhenItLives()
+{
+    Host host;
+    HostWindow &window = host.make();
+    const QDateTime moment(QDate(2024, 5, 2), QTime(17, 0));
+    const auto *source = host.part<QLabel>("hostSource");
+    window.setSource(QStringLiteral("a.db"), moment, HostWindow::MomentOf::Samples);
+    for (const QString &language : allLanguages()) {
+        HostSettings::setLanguage(language);
+        for (const QString &text : {window.windowTitle(), source->text()}) {
+            QVERIFY2(text.contains(QStringLiteral("2024-05-02 17:00")), qPrintable(text));
+            QVERIFY2(text.contains(QStringLiteral("--now")), qPrintable(text));
+        }
+    }
+    HostSettings::setLanguage(QStringLiteral("en"));
+    window.setSource(QStringLiteral("a.db"), moment, HostWindow::MomentOf::Choice);
+    QCOMPARE(source->text(), QStringLiteral("a.db\nIt is 2024-05-02 17:00"));
+    QVERIFY(window.windowTitle().endsWith(QStringLiteral(" · It is 2024-05-02 17:00")));
+    window.setSource(QStringLiteral("a.db"), {}, HostWindow::MomentOf::Choice);
+    QCOMPARE(source->text(), QStringLiteral("a.db"));
+    QCOMPARE(window.windowTitle(), QStringLiteral("TalvixDataStatics · Development host"));
+}
+
 void tst_devhost::theFirstPageAsksWhenTheWindowIsOnTheScreen()
 {
     Host host;
@@ -601,6 +748,36 @@ void tst_devhost::theLanguageChangesLiveAndIsKept()
     QCOMPARE(host.settings.value(QStringLiteral("language")).toString(), QStringLiteral("de"));
 }
 
+void tst_devhost::theMirroredLanguageMirrorsTheWindow()
+{
+    Host host;
+    host.make().resize(1800, 960);
+    host.show();
+    const auto *side = host.part<QWidget>("hostSide");
+    const auto *language = host.part<QComboBox>("hostLanguage");
+    const auto *failNext = host.part<QPushButton>("hostFailNext");
+    const auto *title = host.page()->findChild<QLabel *>(QStringLiteral("labelBarChartTitle"));
+    const auto *whole = host.page()->findChild<QPushButton *>(QStringLiteral("pushButtonExport"));
+    QVERIFY(language->x() < failNext->x() && title->x() < whole->x());
+    QCOMPARE(side->x(), 0);
+
+    HostSettings::setLanguage(QStringLiteral("x-rtl"));
+    QCoreApplication::processEvents();
+    QVERIFY(language->x() > failNext->x() && title->x() > whole->x());
+    QCOMPARE(side->geometry().right() + 1, host.window->width());
+
+    host.window->resize(1280, 800);
+    QCoreApplication::processEvents();
+    QTest::mouseClick(host.part<QPushButton>("hostMenu"), Qt::LeftButton);
+    QVERIFY(side->isVisible());
+    QCOMPARE(side->geometry().right() + 1, host.window->width());
+
+    HostSettings::setLanguage(QStringLiteral("en"));
+    QCoreApplication::processEvents();
+    QVERIFY(language->x() < failNext->x());
+    QCOMPARE(side->x(), 0);
+}
+
 void tst_devhost::theDateOrderIsKept()
 {
     Host host;
@@ -673,12 +850,65 @@ void tst_devhost::failingOnceShowsTheTip()
     }));
 }
 
+void tst_devhost::theTipOfAFailureGoesWithGoodFigures()
+{
+    Host host;
+    host.show();
+    QTest::mouseClick(host.part<QPushButton>("hostFailNext"), Qt::LeftButton);
+    QTest::mouseClick(host.page()->findChild<QPushButton *>(QStringLiteral("pushButtonDay")), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    const auto tips = [&] { return host.page()->findChildren<QWidget *>(QStringLiteral("toast")); };
+    QCOMPARE(tips().size(), 1);
+
+    // A failure that follows renews what the tip says.
+    QTest::mouseClick(host.part<QPushButton>("hostFailNext"), Qt::LeftButton);
+    QTest::mouseClick(
+        host.page()->findChild<QPushButton *>(QStringLiteral("pushButtonHour")), Qt::LeftButton);
+    QTest::qWait(400);
+    QCOMPARE(tips().size(), 1);
+
+    QTest::mouseClick(host.page()->findChild<QPushButton *>(QStringLiteral("pushButtonDay")), Qt::LeftButton);
+    QTRY_COMPARE_WITH_TIMEOUT(tips().size(), 0, 2000);
+}
+
+void tst_devhost::aQueryShowsThatItBlocks()
+{
+    Host host;
+    int asked = 0;
+    QList<Qt::CursorShape> shapes;
+    host.service.whenAsked([&] { ++asked; });
+    host.service.whenAnswered([&] { shapes.append(QGuiApplication::overrideCursor()->shape()); });
+    const auto ask = [&] {
+        TalvixGetAlarmStatisticsOfOrgaRequestMessage request;
+        request.timeType = 3;
+        request.orgType = 2;
+        request.setStartTime("2024-05-03 00");
+        request.setEndTime("2024-05-03 17");
+        TalvixGetAlarmStatisticsOfOrgaResponseMessage response;
+        QVERIFY2(host.service.getAlarmStatisticsOfOrga(request, response),
+            qPrintable(host.service.getLastErrorString()));
+    };
+    QVERIFY(!QGuiApplication::overrideCursor());
+    ask();
+    ask();
+    QCOMPARE(asked, 1);
+    QCOMPARE(shapes, QList<Qt::CursorShape>({Qt::WaitCursor, Qt::WaitCursor}));
+    QCoreApplication::processEvents();
+    QVERIFY(!QGuiApplication::overrideCursor());
+    ask();
+    QCOMPARE(asked, 2);
+    QVERIFY(QGuiApplication::overrideCursor());
+    QCoreApplication::processEvents();
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
 void tst_devhost::nothingIsClippedInTheBar_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QSize>("size");
     for (const QString &language : allLanguages()) {
-        for (const QSize size : {QSize(1024, 700), QSize(1280, 800), QSize(1920, 1080)}) {
+        // The first is a screen of 1920 pixels at 200 %.
+        for (const QSize size : {QSize(960, 504), QSize(1024, 700), QSize(1280, 800), QSize(1920, 1080)}) {
             QTest::addRow("%s at %d", qPrintable(language), size.width()) << language << size;
         }
     }
@@ -690,7 +920,8 @@ void tst_devhost::nothingIsClippedInTheBar()
     QFETCH(QSize, size);
     Host host;
     HostSettings::setLanguage(language);
-    host.make().resize(size);
+    host.make().setMinimumSize(size);
+    host.window->resize(size);
     host.show();
     QCOMPARE(host.window->size(), size);
     const auto *bar = host.part<QWidget>("hostBar");
@@ -729,6 +960,50 @@ void tst_devhost::noPageIsSmallerThanItsControlsNeed()
     QVERIFY(host.page()->height() >= host.page()->minimumSizeHint().height());
 }
 
+void tst_devhost::theWindowFitsASmallScreen()
+{
+    Host host;
+    host.make();
+    const QSize screen = host.window->screen()->availableSize();
+    QVERIFY(host.window->minimumWidth() <= std::min(screen.width(), 1024));
+    QVERIFY(host.window->minimumHeight() < std::min(screen.height(), 701));
+    QVERIFY(host.window->width() <= screen.width() && host.window->height() < screen.height());
+}
+
+void tst_devhost::aLowWindowScrollsThePage()
+{
+    Host host;
+    host.make().setMinimumSize(960, 504);
+    host.window->resize(960, 504);
+    host.show();
+    QTRY_VERIFY(host.page()->height() > 550);
+    QVERIFY(host.page()->width() >= host.page()->minimumSizeHint().width());
+}
+
+void tst_devhost::nothingOfThePieIsCutAtFirst_data()
+{
+    QTest::addColumn<int>("service");
+    for (const int service : {5, 7, 8, 9})
+        QTest::addRow("kind %d", service) << service;
+}
+
+void tst_devhost::nothingOfThePieIsCutAtFirst()
+{
+    QFETCH(int, service);
+    Host host;
+    for (const QString &language : allLanguages()) {
+        HostSettings::setLanguage(language);
+        host.make().resize(1800, 960);
+        host.window->openKind(service);
+        host.show();
+        QCoreApplication::processEvents();
+        const auto *modes = host.page()->findChild<QComboBox *>(QStringLiteral("comboBoxPie"));
+        if (modes)
+            QVERIFY2(modes->parentWidget()->rect().contains(modes->geometry()), qPrintable(language));
+        host.window.reset();
+    }
+}
+
 void tst_devhost::theListIsADrawerWhereThereIsNoRoom()
 {
     Host host;
@@ -752,7 +1027,7 @@ void tst_devhost::theListIsADrawerWhereThereIsNoRoom()
     QCOMPARE(list->currentItem(), last);
     QCOMPARE(menu->accessibleDescription(), QStringLiteral("Temperature alarms by device group"));
 
-    host.window->resize(1600, 900);
+    host.window->resize(1800, 960);
     QTRY_VERIFY(list->isVisible());
     QVERIFY(!menu->isVisible());
     QVERIFY(host.page()->mapTo(host.window.get(), QPoint()).x() >= list->width());
@@ -764,7 +1039,7 @@ void tst_devhost::theListIsADrawerWhereThereIsNoRoom()
 void tst_devhost::everyControlHasANameAndCanBeReachedByTab()
 {
     Host host;
-    host.make().resize(1600, 900);
+    host.make().resize(1800, 960);
     host.show();
     host.window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(host.window.get()));
@@ -794,7 +1069,7 @@ void tst_devhost::theGeometryIsKept()
     Host host;
     host.show();
     const QSize screen = host.window->screen()->availableSize();
-    QCOMPARE(host.window->size(), QSize(1280, 800).boundedTo(screen).expandedTo(host.window->minimumSize()));
+    QCOMPARE(host.window->size(), QSize(1800, 960).boundedTo(screen - QSize(0, 36)));
     host.window->resize(1400, 860);
     QVERIFY(host.window->close());
     host.window.reset();

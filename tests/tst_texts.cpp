@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(HostSettings::language(), QString());
         for (const char *key : pageKeys)
             QCOMPARE(translated(key), QString::fromUtf8(key));
-        QCOMPARE(HostSettings::languages(), QStringList({"en", "zh_CN", "de", "x-long"}));
+        QCOMPARE(HostSettings::languages(), QStringList({"en", "zh_CN", "de", "x-long", "x-rtl"}));
     }
 
     void everyKeyHasATextInEveryLanguage_data() { addLanguages(); }
@@ -162,6 +162,24 @@ private Q_SLOTS:
         QVERIFY(translated("TK_GetFailed").endsWith(u"] "_s));
         QVERIFY(translated("TK_AlarmStatisticsOfNum").startsWith(u" ["_s));
         QVERIFY(translated("TK_Export").startsWith(u'[') && translated("TK_Export").endsWith(u']'));
+    }
+
+    void theMirroredLanguageRunsFromRightToLeft()
+    {
+        QVERIFY(HostSettings::setLanguage(u"en"_s));
+        const QString english = translated("TK_AlarmStatisticsOfNum");
+        QCOMPARE(QGuiApplication::layoutDirection(), Qt::LeftToRight);
+        QVERIFY(HostSettings::setLanguage(u"x-rtl"_s));
+        QCOMPARE(QGuiApplication::layoutDirection(), Qt::RightToLeft);
+        QVERIFY(translated("TK_Export").isRightToLeft());
+        QVERIFY(translated("TK_GetFailed").endsWith(u' '));
+        QVERIFY(translated("TK_AlarmStatisticsOfNum").startsWith(u' '));
+        QVERIFY(translated("TK_AlarmStatisticsOfNum").contains(english.trimmed()));
+        for (const QString &code : {u"de"_s, u"x-long"_s, QString()}) {
+            QVERIFY(HostSettings::setLanguage(u"x-rtl"_s));
+            QVERIFY(HostSettings::setLanguage(code));
+            QCOMPARE(QGuiApplication::layoutDirection(), Qt::LeftToRight);
+        }
     }
 
     void anUnknownLanguageChangesNothing()

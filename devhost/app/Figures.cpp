@@ -10,10 +10,12 @@
 #include <QtCore/QStandardPaths>
 
 #include <cstdio>
+#include <utility>
 
 namespace {
 
 constexpr int daysOfManyEvents = 365;
+constexpr int hourOfSamples = 17;
 
 SqlStore::Progress progressOn(ProgressLine &line)
 {
@@ -27,12 +29,17 @@ void tell(const QString &sentence)
 
 } // namespace
 
-Figures::Figures(const Options &options)
-    : m_options(options)
+QDateTime momentOfSamples(const QDateTime &now)
 {
-    if (m_options.now.isValid())
-        m_store.setPresentMoment([now = m_options.now] { return now; });
+    const QDate today = now.date();
+    return QDateTime(now.time().hour() < hourOfSamples ? today.addDays(-1) : today, QTime(hourOfSamples, 0));
 }
+
+Figures::Figures(const Options &options, Clock clock)
+    : m_options(options)
+    , m_clock(std::move(clock))
+    , m_moment(options.now)
+{ }
 
 Figures::~Figures()
 {
@@ -46,6 +53,7 @@ void Figures::open()
     if (!m_options.importFile.isEmpty())
         devdata::checkCsvFile(m_options.importFile);
     m_store.open(place());
+    chooseMoment();
     fillAsAsked();
     m_client = std::make_unique<SqlKrxClient>(m_store);
     m_service = std::make_unique<SqlStatisticsManager>(m_store);
@@ -66,6 +74,17 @@ QString Figures::place() const
         throw devdata::StoreError(
             QStringLiteral("The folder \"%1\" for the database cannot be made.").arg(folder));
     return QDir(folder).filePath(QStringLiteral("figures.db"));
+}
+
+void Figures::chooseMoment()
+{
+    // The usual database may hold events that somebody has imported into it.
+    if (m_options.leavesMomentOpen() && !m_store.hasImports())
+        m_moment = momentOfSamples(m_clock());
+    if (m_moment.isValid())
+        m_store.setPresentMoment([moment = m_moment] { return moment; });
+    else
+        m_store.setPresentMoment(m_clock);
 }
 
 void Figures::fillAsAsked()

@@ -5,6 +5,7 @@
 
 #include "devhost/data/SqlStatisticsManager.h"
 #include "devhost/widgets/HostSettings.h"
+#include "devhost/widgets/Toast.h"
 #include "plugin/preview/StatisticsPreview.h"
 
 #include <TalvixWidgets/AppLanguageTr.h>
@@ -18,6 +19,7 @@
 #include <QtCore/QSettings>
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QAction>
+#include <QtGui/QBackingStore>
 #include <QtGui/QIcon>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
@@ -32,21 +34,22 @@
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QSpinBox>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QVBoxLayout>
 
 namespace {
 
-constexpr QSize usualSize(1280, 800);
-constexpr QSize smallestSize(1024, 700);
 constexpr int sideWidth = 208;
-/// From here on a page has room beside the list in every language.
-constexpr int narrowestWithSide = 1480;
-constexpr int widestMenu = 230;
-constexpr int widestMenuInNarrowWindow = 160;
-constexpr int narrowWindow = 1200;
+/// Here nothing of a page is cut, in any language: the box of pie modes needs the most.
+constexpr QSize wholePage(1592, 912);
+constexpr QSize smallestSize(1024, 700);
+/// What a window manager puts around a window, about.
+constexpr QSize windowFrame(0, 36);
+constexpr int narrowestWithSide = wholePage.width() + sideWidth;
 constexpr int barHeight = 48;
 constexpr int longestLatency = 60'000;
+constexpr QSize usualSize(narrowestWithSide, wholePage.height() + barHeight);
 constexpr int entryMargin = 16;
 constexpr int entryPadding = 14;
 constexpr int serviceRole = Qt::UserRole;
@@ -65,6 +68,11 @@ QString text(const QString &key)
 QString text(const char *key)
 {
     return text(QString::fromLatin1(key));
+}
+
+int widestMenu(int windowWidth)
+{
+    return windowWidth < smallestSize.width() ? 110 : windowWidth < 1200 ? 160 : 230;
 }
 
 /// Three lines, the sign of a list that can be opened.
@@ -93,6 +101,7 @@ QString nameOfLanguage(const QString &code)
         {QStringLiteral("zh_CN"), QStringLiteral("简体中文")},
         {QStringLiteral("de"), QStringLiteral("Deutsch")},
         {QStringLiteral("x-long"), QStringLiteral("Pseudo")},
+        {QStringLiteral("x-rtl"), QStringLiteral("Mirrored")},
     };
     return names.value(code, code);
 }
@@ -130,7 +139,7 @@ HostWindow::HostWindow(SqlStatisticsManager &service, QSettings &settings, QWidg
     , m_settings(settings)
 {
     setObjectName(QStringLiteral("hostWindow"));
-    setMinimumSize(smallestSize);
+    setMinimumSize(smallestSize.boundedTo(screen()->availableSize() - windowFrame));
     QFile sheet(QStringLiteral(":/talvix/devhost/window.qss"));
     if (sheet.open(QIODevice::ReadOnly))
         setStyleSheet(QString::fromUtf8(sheet.readAll()));
@@ -154,12 +163,16 @@ HostWindow::HostWindow(SqlStatisticsManager &service, QSettings &settings, QWidg
     connect(quit, &QAction::triggered, this, &QWidget::close);
     addAction(quit);
 
+    m_service.whenAsked([this] { uncover(); });
+    m_service.whenAnswered([this] { Toast::dropOutdated(this); });
     retranslate();
     restore();
 }
 
 HostWindow::~HostWindow()
 {
+    m_service.whenAsked({});
+    m_service.whenAnswered({});
     if (m_tabsNumber > 0)
         m_plugin.uninit(m_tabsNumber);
 }
@@ -313,7 +326,8 @@ void HostWindow::arrangeSide()
         m_side->setVisible(docked);
     }
     if (!docked) {
-        m_side->setGeometry(0, barHeight, sideWidth, centralWidget()->height() - barHeight);
+        const QRect drawer(0, barHeight, sideWidth, centralWidget()->height() - barHeight);
+        m_side->setGeometry(QStyle::visualRect(layoutDirection(), centralWidget()->rect(), drawer));
         m_side->raise();
     }
     nameMenu();
@@ -342,22 +356,32 @@ void HostWindow::resizeEvent(QResizeEvent *event)
 
 void HostWindow::restore()
 {
-    resize(usualSize.boundedTo(screen()->availableSize()));
+    resize(usualSize.boundedTo(screen()->availableSize() - windowFrame));
     restoreGeometry(m_settings.value(geometrySetting).toByteArray());
     m_language->setCurrentIndex(m_language->findData(HostSettings::language()));
     m_dateOrder->setCurrentIndex(m_dateOrder->findData(int(HostSettings::dateOrder())));
 }
 
-void HostWindow::setSource(const QString &database, const QString &moment)
+void HostWindow::setSource(const QString &database, const QDateTime &moment, MomentOf chosenBy)
 {
     m_database = database;
     m_moment = moment;
+    m_momentOf = chosenBy;
     retranslate();
+}
+
+QString HostWindow::textOfMoment() const
+{
+    const QString moment = m_moment.toString(QStringLiteral("yyyy-MM-dd HH:mm"));
+    return m_momentOf == MomentOf::Samples ? text("DH_MomentOfSamples").arg(moment, QStringLiteral("--now"))
+                                           : text("DH_Moment").arg(moment);
 }
 
 void HostWindow::retranslate()
 {
-    setWindowTitle(text("DH_Title"));
+    // The list with the source is hidden in a narrow window, the title never is.
+    setWindowTitle(
+        m_moment.isValid() ? text("DH_Title") + QStringLiteral(" · ") + textOfMoment() : text("DH_Title"));
     m_title->setText(text("DH_Statistics"));
     m_subtitle->setText(text("DH_Subtitle"));
     for (int row = 0; row < m_list->count(); ++row) {
@@ -370,7 +394,7 @@ void HostWindow::retranslate()
     }
     nameMenu();
     m_list->setAccessibleName(text("DH_Statistics"));
-    m_source->setText(m_moment.isEmpty() ? m_database : m_database + u'\n' + text("DH_Moment").arg(m_moment));
+    m_source->setText(m_moment.isValid() ? m_database + u'\n' + textOfMoment() : m_database);
     m_source->setToolTip(m_source->text());
     m_language->setAccessibleName(text("DH_Language"));
     m_language->setToolTip(text("DH_Language"));
@@ -390,8 +414,8 @@ void HostWindow::nameMenu()
 {
     const QListWidgetItem *item = m_list->currentItem();
     const QString name = item ? item->text() : QString();
-    const int widest = width() < narrowWindow ? widestMenuInNarrowWindow : widestMenu;
-    m_menu->setText(m_menu->fontMetrics().elidedText(name, Qt::ElideRight, widest - 3 * entryMargin));
+    const int widest = widestMenu(width()) - 3 * entryMargin;
+    m_menu->setText(m_menu->fontMetrics().elidedText(name, Qt::ElideRight, widest));
     m_menu->setToolTip(text("DH_ChoosePage"));
     m_menu->setAccessibleName(text("DH_ChoosePage"));
     m_menu->setAccessibleDescription(name);
@@ -447,6 +471,14 @@ BaseWidget *HostWindow::makeTabs()
     if (auto *tabs = widget ? widget->findChild<QTabWidget *>() : nullptr)
         tabs->setCurrentIndex(m_tabAtFirst);
     return widget;
+}
+
+// A choice closes its popup and asks. The picture of the popup would stay until the answer is there, as
+// nothing is painted meanwhile; what lay under it is painted already and only has to reach the screen again.
+void HostWindow::uncover()
+{
+    if (isVisible() && windowHandle()->isExposed() && backingStore())
+        backingStore()->flush(rect());
 }
 
 void HostWindow::chooseLanguage()
@@ -518,4 +550,6 @@ void HostWindow::changeEvent(QEvent *event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    else if (event->type() == QEvent::LayoutDirectionChange)
+        arrangeSide();
 }

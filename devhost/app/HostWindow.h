@@ -2,6 +2,7 @@
 
 #include "plugin/DataStaticsPlugin.h"
 
+#include <QtCore/QDateTime>
 #include <QtCore/QHash>
 #include <QtWidgets/QMainWindow>
 
@@ -29,8 +30,11 @@ public:
     HostWindow(SqlStatisticsManager &service, QSettings &settings, QWidget *parent = nullptr);
     ~HostWindow() override;
 
-    /// What the window says of its figures; \a moment is empty when the host lives in the present.
-    void setSource(const QString &database, const QString &moment);
+    /// Who has chosen the moment that the host lives at.
+    enum class MomentOf { Choice, Samples };
+
+    /// What the window says of its figures; \a moment is invalid when the host lives in the present.
+    void setSource(const QString &database, const QDateTime &moment, MomentOf chosenBy);
     /// Opens a kind of statistics, 1 to 9; other numbers change nothing.
     void openKind(int service);
 
@@ -48,6 +52,7 @@ private:
     void addHeading(const char *key);
     void addEntry(const QString &key, int service);
     void retranslate();
+    QString textOfMoment() const;
     void restore();
     void arrangeSide();
     void openDrawer(bool open);
@@ -57,6 +62,7 @@ private:
     QWidget *pageOf(int service);
     BaseWidget *makeTabs();
     int chosenService() const;
+    void uncover();
     void chooseLanguage();
     void chooseDateOrder();
 
@@ -69,7 +75,8 @@ private:
     QHash<int, QWidget *> m_pages;
     bool m_docked = true;
     QString m_database;
-    QString m_moment;
+    QDateTime m_moment;
+    MomentOf m_momentOf = MomentOf::Choice;
 
     QHBoxLayout *m_columns;
     QWidget *m_side;

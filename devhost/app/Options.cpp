@@ -38,7 +38,9 @@ struct Parser
     QCommandLineOption skipBadLines{QStringLiteral("skip-bad-lines"),
         QStringLiteral("With --import: list the lines that are wrong and keep the others.")};
     QCommandLineOption language{QStringLiteral("language"),
-        QStringLiteral("Start in this language: %1. The last one lengthens every text, for trying layouts.")
+        QStringLiteral("Start in this language: %1. The last two are for trying layouts: one lengthens every "
+                       "text, the other is written from right "
+                       "to left.")
             .arg(HostSettings::languages().join(QStringLiteral(", "))),
         QStringLiteral("code")};
     QCommandLineOption service{QStringLiteral("service"),
@@ -55,7 +57,8 @@ struct Parser
     QCommandLineOption now{QStringLiteral("now"),
         QStringLiteral(
             "Live at this local moment, for example 2014-03-15T17:00. Without --database the figures "
-            "are made for it and kept in memory."),
+            "are made for it and kept in memory. Without --now sample events live at 17:00 of the last day "
+            "that had one, and a database or an import of your own in the present."),
         QStringLiteral("moment")};
     QCommandLineOption snapshot{QStringLiteral("snapshot"),
         QStringLiteral(
@@ -77,8 +80,7 @@ struct Parser
             "Development host of the statistics plug-in: shows it on figures from a database.\n"
             "\n"
             "Without options it opens a window. The first start makes a database with sample events in the\n"
-            "user's data folder, which takes a few seconds; later starts continue the events to the "
-            "present.\n"
+            "user's data folder, which takes a few seconds; later starts continue the events.\n"
             "\n"
             "  talvix-devhost --language de --service 7\n"
             "  talvix-devhost --latency 1500 --fail 20\n"

@@ -26,6 +26,8 @@ struct Options
     /// Figures that are made for this run alone: pictures, and any moment that is not the present, must not
     /// depend on what was done before.
     bool inMemory() const { return database.isEmpty() && (wantsPictures() || now.isValid()); }
+    /// Neither a moment nor figures were asked for: the sample world may choose when it lives.
+    bool leavesMomentOpen() const { return !now.isValid() && database.isEmpty() && importFile.isEmpty(); }
 };
 
 /// The command line as it was understood.

@@ -2,6 +2,13 @@
 
 #include <QtCore/QEvent>
 
+namespace {
+
+/// Below this the charts have no room for their labels, whatever the page's controls would do with.
+constexpr int leastHeight = 640;
+
+} // namespace
+
 void Stage::showPage(QWidget *page)
 {
     if (page == m_page)
@@ -16,7 +23,7 @@ void Stage::showPage(QWidget *page)
 
 QSize Stage::minimumSizeHint() const
 {
-    return m_page ? m_page->minimumSizeHint() : QSize();
+    return m_page ? m_page->minimumSizeHint().expandedTo(QSize(0, leastHeight)) : QSize();
 }
 
 QSize Stage::sizeHint() const

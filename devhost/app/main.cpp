@@ -60,8 +60,9 @@ void dropPlatformNoise(QtMsgType type, const QMessageLogContext &context, const 
 /// Pictures must come out the same on every machine and on every day of the year.
 void fixSurroundings(Options &options)
 {
+    const QDateTime clock = QDateTime::currentDateTime();
     if (!options.now.isValid())
-        options.now = QDateTime::currentDateTime();
+        options.now = options.leavesMomentOpen() ? momentOfSamples(clock) : clock;
     const QDateTime moment = options.now;
     qputenv("TZ", "UTC");
 #ifndef Q_OS_WIN
@@ -94,13 +95,14 @@ int showWindow(const Options &options, Figures &figures, QSettings &settings)
             ? HostSettings::DateOrder::DayFirst
             : HostSettings::DateOrder::YearFirst);
     HostWindow window(figures.service(), settings);
-    window.setSource(figures.displayName(), options.now.toString(QStringLiteral("yyyy-MM-dd HH:mm")));
+    window.setSource(figures.displayName(), figures.moment(),
+        figures.isMomentOfSamples() ? HostWindow::MomentOf::Samples : HostWindow::MomentOf::Choice);
     window.openKind(options.service);
     window.show();
 
     QTimer topUps;
     QObject::connect(&topUps, &QTimer::timeout, &topUps, [&figures] { figures.keepUp(); });
-    if (!options.now.isValid())
+    if (!figures.moment().isValid())
         topUps.start(millisecondsBetweenTopUps);
     return QApplication::exec();
 }
@@ -109,11 +111,11 @@ int run(const Options &options)
 {
     if (!options.log)
         QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
-    if (options.now.isValid())
-        qApp->setProperty("TalvixDataStatics::currentTime", options.now);
 
     Figures figures(options);
     figures.open();
+    if (figures.moment().isValid())
+        qApp->setProperty("TalvixDataStatics::currentTime", figures.moment());
     if (options.noWindow)
         return 0;
 

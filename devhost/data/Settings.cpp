@@ -15,6 +15,8 @@ QString nameOf(Setting setting)
         return QStringLiteral("samples_until");
     case Setting::ImportedOrganisation:
         return QStringLiteral("imported_organisation");
+    case Setting::ImportedEvents:
+        return QStringLiteral("imported_events");
     }
     return {};
 }

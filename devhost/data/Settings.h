@@ -10,6 +10,7 @@ enum class Setting {
     SampleSeed,           ///< seed of the sample events
     SamplesUntil,         ///< first minute that has no sample events any more
     ImportedOrganisation, ///< gets the sources that only an import knows
+    ImportedEvents,       ///< how many lines of events were imported
 };
 
 /// 0 when nothing is stored.

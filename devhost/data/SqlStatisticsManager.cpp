@@ -7,6 +7,9 @@
 
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QThread>
+#include <QtCore/QTimer>
+#include <QtGui/QCursor>
+#include <QtGui/QGuiApplication>
 
 #include <algorithm>
 
@@ -52,7 +55,10 @@ SqlStatisticsManager::SqlStatisticsManager(SqlStore &store)
     : m_store(store)
 { }
 
-SqlStatisticsManager::~SqlStatisticsManager() = default;
+SqlStatisticsManager::~SqlStatisticsManager()
+{
+    endWaiting();
+}
 
 void SqlStatisticsManager::setLatency(int milliseconds)
 {
@@ -83,10 +89,31 @@ Minute SqlStatisticsManager::now() const
     return Minute(m_store.presentMoment());
 }
 
+// A search asks several times and then draws. One cursor for all of it does not flicker.
+void SqlStatisticsManager::showWaiting()
+{
+    if (m_waiting || !qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
+        return;
+    m_waiting = true;
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    if (m_asked)
+        m_asked();
+    QTimer::singleShot(0, &m_endOfWaiting, [this] { endWaiting(); });
+}
+
+void SqlStatisticsManager::endWaiting()
+{
+    if (!m_waiting)
+        return;
+    m_waiting = false;
+    QGuiApplication::restoreOverrideCursor();
+}
+
 // No operation throws: an error becomes the text of the last error.
 template <typename Answer>
 bool SqlStatisticsManager::run(const Answer &answer)
 {
+    showWaiting();
     if (m_latency > 0)
         QThread::msleep(static_cast<unsigned long>(m_latency));
     try {
@@ -94,6 +121,8 @@ bool SqlStatisticsManager::run(const Answer &answer)
             throw StoreError(QStringLiteral("The connection to the statistics service was lost."));
         answer(m_store.connection());
         setLastErrorString({});
+        if (m_answered)
+            m_answered();
         return true;
     } catch (const std::exception &exception) {
         setLastErrorString(QString::fromUtf8(exception.what()));

@@ -4,6 +4,10 @@
 
 #include <TalvixWidgets/KRXClientStatisticsManager.h>
 
+#include <QtCore/QObject>
+
+#include <functional>
+
 /// The statistics service over a store. AlarmStatistics.h, OnlineStatistics.h, TemperatureStatistics.h and
 /// SnapshotStatistics.h describe its answers. Common to all:
 ///
@@ -14,7 +18,8 @@
 ///   time range, and bars a row for every organisation of the level, also where the count is 0.
 /// - Of equal counts the lower id comes first.
 ///
-/// It can be made slow or let fail, for trying out how pages look then.
+/// It can be made slow or let fail, for trying out how pages look then. A query blocks the thread, and no
+/// event is processed meanwhile; the wait cursor says so until the thread is free again.
 class SqlStatisticsManager : public KRXClientStatisticsManager
 {
 public:
@@ -29,6 +34,10 @@ public:
     int failureRate() const { return m_failureRate; }
     /// The next \a queries queries fail, whatever the rate.
     void failNext(int queries = 1);
+    /// \a told is called before the first query since the thread was free.
+    void whenAsked(std::function<void()> told) { m_asked = std::move(told); }
+    /// \a told is called after each query that was answered.
+    void whenAnswered(std::function<void()> told) { m_answered = std::move(told); }
 
     bool getAlarmStatisticsOfOrgas(TalvixGetAlarmStatisticsOfOrgasRequestMessage &request,
         TalvixGetAlarmStatisticsOfOrgasResponseMessage &response) override;
@@ -74,10 +83,16 @@ private:
     template <typename Answer>
     bool run(const Answer &answer);
     bool isToFail();
+    void showWaiting();
+    void endWaiting();
     devdata::Minute now() const;
 
     SqlStore &m_store;
     int m_latency = 0;
     int m_failureRate = 0;
     int m_failures = 0;
+    std::function<void()> m_asked;
+    std::function<void()> m_answered;
+    bool m_waiting = false;
+    QObject m_endOfWaiting; ///< receives the event that the thread is free again
 };

@@ -101,11 +101,20 @@ bool SqlStore::hasSamples()
     return numberOf(connection(), Setting::SamplesUntil) > 0;
 }
 
+bool SqlStore::hasImports()
+{
+    // Databases of earlier versions did not count what they imported.
+    return numberOf(connection(), Setting::ImportedEvents) > 0
+        || numberOf(connection(), Setting::ImportedOrganisation) > 0;
+}
+
 ImportReport SqlStore::importFile(
     const QString &fileName, const ImportOptions &options, const Progress &progress)
 {
     Transaction transaction(connection());
     const ImportReport report = importCsv(connection(), fileName, options, Minute(presentMoment()), progress);
+    setNumber(
+        connection(), Setting::ImportedEvents, numberOf(connection(), Setting::ImportedEvents) + report.kept);
     transaction.commit();
     return report;
 }

@@ -56,6 +56,9 @@ public:
     /// Whether there are sample events, which `topUp` continues.
     [[nodiscard]] bool hasSamples();
 
+    /// Whether there are events that an import read.
+    [[nodiscard]] bool hasImports();
+
     /// Reads a file of events, as described at `devdata::importCsv`. A client over this store must then
     /// `reload`.
     devdata::ImportReport importFile(

@@ -8,8 +8,8 @@
 /// What the user of the host has chosen: language, date form and theme.
 namespace HostSettings {
 
-/// Codes of the languages on offer: "en", "zh_CN", "de" and "x-long", a pseudo-language that lengthens every
-/// text.
+/// Codes of the languages on offer: "en", "zh_CN", "de" and two pseudo-languages; "x-long" lengthens every
+/// text, "x-rtl" is written from right to left.
 TALVIXWIDGETS_EXPORT QStringList languages();
 /// Loads a language and tells every widget of the application; false, with nothing changed, for an unknown
 /// code. The empty code means no language: keys are shown as they stand. That is how a process starts.

@@ -3,6 +3,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QLibraryInfo>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTranslator>
 
 #include <memory>
@@ -47,11 +48,55 @@ QString lengthened(const QString &text)
     return result + u']' + text.mid(end);
 }
 
-class LengtheningTranslator : public QTranslator
+/// English written from right to left, between the blanks around it. What takes the place of a placeholder
+/// keeps its own direction.
+QString mirrored(const QString &text)
+{
+    constexpr QChar rightToLeftMark(0x200F);
+    constexpr QChar rightToLeftOverride(0x202E);
+    constexpr QChar endOfOverride(0x202C);
+
+    static const QRegularExpression placeholder(QStringLiteral("(%[0-9n])"));
+
+    QString inner = text.trimmed();
+    if (inner.isEmpty())
+        return text;
+    const qsizetype first = text.indexOf(inner);
+    const qsizetype end = first + inner.size();
+    inner.replace(placeholder, endOfOverride + QStringLiteral("\\1") + rightToLeftOverride);
+    return text.left(first) + rightToLeftMark + rightToLeftOverride + inner + endOfOverride + text.mid(end);
+}
+
+/// A language that nobody speaks, for trying layouts: English, each text of which is changed.
+struct PseudoLanguage
+{
+    QString code;
+    QString (*change)(const QString &);
+    bool rightToLeft;
+};
+
+const std::vector<PseudoLanguage> &pseudoLanguages()
+{
+    static const std::vector<PseudoLanguage> all = {
+        {QStringLiteral("x-long"), &lengthened, false}, {QStringLiteral("x-rtl"), &mirrored, true}};
+    return all;
+}
+
+const PseudoLanguage *findPseudoLanguage(const QString &code)
+{
+    for (const PseudoLanguage &language : pseudoLanguages()) {
+        if (language.code == code)
+            return &language;
+    }
+    return nullptr;
+}
+
+class PseudoTranslator : public QTranslator
 {
 public:
-    explicit LengtheningTranslator(std::unique_ptr<QTranslator> english)
-        : m_english(std::move(english))
+    PseudoTranslator(const PseudoLanguage &language, std::unique_ptr<QTranslator> english)
+        : m_language(language)
+        , m_english(std::move(english))
     { }
 
     bool isEmpty() const override { return m_english->isEmpty(); }
@@ -59,11 +104,15 @@ public:
     QString translate(
         const char *textContext, const char *source, const char *remark, int number) const override
     {
+        // By this text Qt knows the direction of a language's layouts.
+        if (m_language.rightToLeft && qstrcmp(source, "QT_LAYOUT_DIRECTION") == 0)
+            return QStringLiteral("RTL");
         const QString text = m_english->translate(textContext, source, remark, number);
-        return text.isEmpty() ? text : lengthened(text);
+        return text.isEmpty() ? text : m_language.change(text);
     }
 
 private:
+    const PseudoLanguage &m_language;
     std::unique_ptr<QTranslator> m_english;
 };
 
@@ -78,11 +127,6 @@ Language &current()
 {
     static Language language;
     return language;
-}
-
-QString pseudoCode()
-{
-    return QStringLiteral("x-long");
 }
 
 } // namespace
@@ -107,7 +151,10 @@ QString LanguageTexts::find(const QString &key, int number)
 
 QStringList LanguageTexts::languages()
 {
-    return {QStringLiteral("en"), QStringLiteral("zh_CN"), QStringLiteral("de"), pseudoCode()};
+    QStringList codes = {QStringLiteral("en"), QStringLiteral("zh_CN"), QStringLiteral("de")};
+    for (const PseudoLanguage &language : pseudoLanguages())
+        codes.append(language.code);
+    return codes;
 }
 
 QString LanguageTexts::language()
@@ -125,7 +172,8 @@ bool LanguageTexts::load(const QString &code)
     Language next;
     next.code = code;
     if (!code.isEmpty()) {
-        const QString file = code == pseudoCode() ? QStringLiteral("en") : code;
+        const PseudoLanguage *pseudo = findPseudoLanguage(code);
+        const QString file = pseudo ? QStringLiteral("en") : code;
         const QDir folder(QStringLiteral(":/talvix/texts"));
         const QStringList names =
             folder.entryList({QStringLiteral("*_%1.qm").arg(file)}, QDir::Files, QDir::Name);
@@ -133,8 +181,8 @@ bool LanguageTexts::load(const QString &code)
             auto translator = std::make_unique<QTranslator>();
             if (!translator->load(folder.filePath(name)))
                 continue;
-            if (code == pseudoCode())
-                translator = std::make_unique<LengtheningTranslator>(std::move(translator));
+            if (pseudo)
+                translator = std::make_unique<PseudoTranslator>(*pseudo, std::move(translator));
             next.own.push_back(std::move(translator));
         }
         if (next.own.empty())

@@ -1,7 +1,10 @@
 #include "Toast.h"
 
+#include <QtCharts/QChart>
+#include <QtCharts/QChartView>
 #include <QtCore/QEvent>
 #include <QtCore/QPropertyAnimation>
+#include <QtCore/QTimer>
 #include <QtCore/QTimerEvent>
 #include <QtCore/QVariantAnimation>
 #include <QtGui/QAccessible>
@@ -17,8 +20,9 @@
 namespace {
 
 constexpr int edge = 16;
-/// A message flows down to below the controls that stand along the upper edge of a page.
+/// Where there is no chart yet: below the controls that stand along the upper edge of a page.
 constexpr int upperEdge = 64;
+constexpr QSize smallestPlot(240, 80);
 constexpr int spacing = 8;
 constexpr int padding = 12;
 constexpr int markWidth = 32;
@@ -61,6 +65,13 @@ bool isControl(const QWidget *widget)
         || qobject_cast<const QLineEdit *>(widget);
 }
 
+/// The plot of a chart without legend and axes, in the coordinates of \a host.
+QRect plotOf(const QChartView &view, const QWidget *host)
+{
+    const QRectF plot = view.chart()->mapRectToScene(view.chart()->plotArea());
+    return view.mapFromScene(plot).boundingRect().translated(view.viewport()->mapTo(host, QPoint()));
+}
+
 /// Paints the sign of a kind around the origin, about 16 pixels wide.
 void paintMark(QPainter &painter, Toast::Kind kind, const QColor &color)
 {
@@ -91,17 +102,16 @@ void paintMark(QPainter &painter, Toast::Kind kind, const QColor &color)
 
 } // namespace
 
-/// The notes at one edge of a widget. It belongs to that widget and is found again by its name.
+/// The notes over a widget. It belongs to that widget and is found again by its name.
 class ToastStack : public QObject
 {
 public:
-    static ToastStack *of(QWidget *host, Qt::Edge side)
+    static ToastStack *of(QWidget *host)
     {
-        const QString name =
-            side == Qt::TopEdge ? QStringLiteral("messageStack") : QStringLiteral("tipStack");
+        const QString name = QStringLiteral("toastStack");
         if (auto *known = host->findChild<QObject *>(name, Qt::FindDirectChildrenOnly))
             return static_cast<ToastStack *>(known);
-        auto *stack = new ToastStack(host, side);
+        auto *stack = new ToastStack(host);
         stack->setObjectName(name);
         return stack;
     }
@@ -110,8 +120,8 @@ public:
     {
         const int time = milliseconds > 0 ? milliseconds : usualTime(kind, text.size());
         // The same news again makes the note stay, not a second one of it.
-        const auto known = std::find_if(m_toasts.begin(), m_toasts.end(),
-            [&](const Toast *toast) { return !toast->isLeaving() && toast->tells(text, kind); });
+        const auto known = std::find_if(
+            m_toasts.begin(), m_toasts.end(), [&](const Toast *toast) { return toast->tells(text, kind); });
         if (known != m_toasts.end()) {
             (*known)->stayFor(time);
             return;
@@ -130,6 +140,8 @@ public:
         toast->show();
         toast->raise();
         toast->stayFor(time);
+        // Charts that come with the same news find their place only now.
+        QTimer::singleShot(0, this, [this] { arrange(); });
         QAccessibleEvent alert(toast, QAccessible::Alert);
         QAccessible::updateAccessibility(&alert);
     }
@@ -148,28 +160,44 @@ public:
     }
 
 private:
-    ToastStack(QWidget *host, Qt::Edge side)
+    explicit ToastStack(QWidget *host)
         : QObject(host)
         , m_host(host)
-        , m_side(side)
     {
         host->installEventFilter(this);
     }
 
     void arrange()
     {
-        const int width = std::min(widestToast, m_host->width() - 2 * edge);
+        const QRect free = room();
         const int height = m_host->height() / 3;
-        int offset = m_side == Qt::TopEdge ? std::min(upperEdge, m_host->height() / 8) : edge;
+        int top = free.top();
         for (auto toast = m_toasts.crbegin(); toast != m_toasts.crend(); ++toast) {
-            (*toast)->fit(width, height);
+            (*toast)->fit(std::min(widestToast, free.width()), height);
             QRect place(QPoint(), (*toast)->size());
-            place.moveLeft((m_host->width() - place.width()) / 2);
-            place.moveTop(m_side == Qt::TopEdge ? offset : m_host->height() - offset - place.height());
+            place.moveTop(top);
+            if (m_host->isRightToLeft())
+                place.moveLeft(free.left());
+            else
+                place.moveRight(free.right());
             keepClearOfControl(place);
             (*toast)->slideTo(place.topLeft());
-            offset = spacing + (m_side == Qt::TopEdge ? place.bottom() + 1 : m_host->height() - place.top());
+            top = place.bottom() + 1 + spacing;
         }
+    }
+
+    QRect room() const
+    {
+        QRect uppermost;
+        for (const QChartView *view : m_host->findChildren<QChartView *>()) {
+            const QRect plot = view->isVisible() ? plotOf(*view, m_host) : QRect();
+            if (plot.width() >= smallestPlot.width() && plot.height() >= smallestPlot.height()
+                && (uppermost.isNull() || plot.top() < uppermost.top()))
+                uppermost = plot;
+        }
+        if (!uppermost.isNull())
+            return uppermost.adjusted(spacing, spacing, -spacing, -spacing);
+        return m_host->rect().adjusted(edge, std::min(upperEdge, m_host->height() / 8), -edge, -edge);
     }
 
     /// Moves \a place away from the control that the user has just used or is about to press.
@@ -180,17 +208,12 @@ private:
             if (!control || !isControl(control) || !m_host->isAncestorOf(control))
                 continue;
             const QRect area(control->mapTo(m_host, QPoint()), control->size());
-            if (!area.intersects(place))
-                continue;
-            if (m_side == Qt::TopEdge)
+            if (area.intersects(place))
                 place.moveTop(area.bottom() + 1 + spacing);
-            else
-                place.moveBottom(area.top() - 1 - spacing);
         }
     }
 
     QWidget *m_host;
-    Qt::Edge m_side;
     QList<Toast *> m_toasts;
 };
 
@@ -199,13 +222,21 @@ void Toast::showTip(QWidget *host, const QString &text, int kind)
     if (!host || text.isEmpty())
         return;
     const Kind shown = kind == 3 ? Failure : kind == 2 ? Warning : Statement;
-    ToastStack::of(host, Qt::BottomEdge)->add(text, shown, 0);
+    ToastStack::of(host)->add(text, shown, 0);
 }
 
 void Toast::showMessage(QWidget *host, const QString &text, Kind kind, int milliseconds)
 {
     if (host && !text.isEmpty())
-        ToastStack::of(host, Qt::TopEdge)->add(text, kind, milliseconds);
+        ToastStack::of(host)->add(text, kind, milliseconds);
+}
+
+void Toast::dropOutdated(const QWidget *window)
+{
+    for (Toast *toast : window->findChildren<Toast *>()) {
+        if (toast->m_ofEarlierFigures && toast->m_kind != Success)
+            toast->leave();
+    }
 }
 
 Toast::Toast(ToastStack *stack, QWidget *host, const QString &text, Kind kind)
@@ -245,6 +276,10 @@ void Toast::stayFor(int milliseconds)
     if (m_leaveTimer)
         killTimer(m_leaveTimer);
     m_leaveTimer = startTimer(milliseconds);
+    m_leaving = false;
+    // A search asks several times, and what one answer lacks the next one does not bring.
+    m_ofEarlierFigures = false;
+    QTimer::singleShot(0, this, [this] { m_ofEarlierFigures = true; });
     fadeTo(1);
 }
 

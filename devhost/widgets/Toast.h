@@ -1,5 +1,7 @@
 #pragma once
 
+#include <TalvixWidgets/TalvixWidgetsGlobal.h>
+
 #include <QtCore/QPointer>
 #include <QtGui/QTextLayout>
 #include <QtWidgets/QWidget>
@@ -10,7 +12,8 @@ class ToastStack;
 
 /// A note over a widget that takes neither focus nor mouse, fades in and goes by itself.
 ///
-/// Notes over one widget stack. The stack belongs to the widget, so a note never outlives what it lies on.
+/// Notes over one widget stack, the newest on top, in a corner of its uppermost chart: there they hide
+/// neither legend nor axis. The stack belongs to the widget, so a note never outlives what it lies on.
 class Toast : public QWidget
 {
     Q_OBJECT
@@ -19,10 +22,13 @@ public:
     enum Kind { Statement, Warning, Failure, Success };
     Q_ENUM(Kind)
 
-    /// A tip on \a host, which rises at its lower edge; \a kind as in `BaseStyleWidget::setTips`.
+    /// A tip on \a host; \a kind as in `BaseStyleWidget::setTips`.
     static void showTip(QWidget *host, const QString &text, int kind);
-    /// A message over \a host, which flows down from its upper edge; \a milliseconds 0 is the usual time.
+    /// A message over \a host; \a milliseconds 0 is the usual time.
     static void showMessage(QWidget *host, const QString &text, Kind kind, int milliseconds);
+    /// New figures came to a page of \a window: what its notes said of earlier ones holds no more. Notes stay
+    /// that came with the figures, and those of a success.
+    static TALVIXWIDGETS_EXPORT void dropOutdated(const QWidget *window);
 
     Toast(ToastStack *stack, QWidget *host, const QString &text, Kind kind);
     ~Toast() override;
@@ -54,6 +60,7 @@ private:
     double m_goal = 1;
     bool m_leaving = false;
     bool m_placed = false;
+    bool m_ofEarlierFigures = false;
     int m_leaveTimer = 0;
     QVariantAnimation *m_fade = nullptr;
     QPropertyAnimation *m_slide = nullptr;

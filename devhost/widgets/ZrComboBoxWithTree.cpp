@@ -171,6 +171,11 @@ void ZrComboBoxWithTree::Private::showChosen()
 
 void ZrComboBoxWithTree::Private::restoreExpansion()
 {
+    {
+        // What a search has opened is no wish of the user's.
+        const QSignalBlocker quiet(tree);
+        tree->collapseAll();
+    }
     for (const int number : std::as_const(expanded))
         tree->expand(nodes->indexOf(number));
 }
@@ -205,7 +210,7 @@ void ZrComboBoxWithTree::Private::commit(const QModelIndex &index)
 {
     if (!index.isValid() || !(index.flags() & Qt::ItemIsEnabled))
         return;
-    // Closed first: what a choice sets off may take its time.
+    // Closed first: what a choice sets off blocks the thread.
     const int number = OrganisationTreeModel::numberOf(index);
     q->hidePopup();
     nodes->choose(number);
@@ -326,7 +331,7 @@ void ZrComboBoxWithTree::showPopup()
     QSize size(std::max(width(), 280), rowHeight * rows + d->line->sizeHint().height() + 24);
     const QRect room = screen()->availableGeometry();
     size = size.boundedTo(room.size());
-    QPoint place = mapToGlobal(QPoint(0, height() + 2));
+    QPoint place = mapToGlobal(QPoint(isRightToLeft() ? width() - size.width() : 0, height() + 2));
     if (place.y() + size.height() > room.bottom() + 1) {
         const int above = mapToGlobal(QPoint()).y() - 2 - size.height();
         place.setY(above >= room.top() ? above : std::max(room.top(), room.bottom() + 1 - size.height()));

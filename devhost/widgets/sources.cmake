@@ -30,17 +30,4 @@ target_sources(TalvixWidgets PRIVATE
     widgets/theme/theme.qrc)
 
 # The texts, compiled into the library under the names that the languages have there.
-set(talvix_text_sources
-    widgets/texts/talvix_de.ts
-    widgets/texts/talvix_en.ts
-    widgets/texts/talvix_zh_CN.ts)
-qt6_add_translation(talvix_texts ${talvix_text_sources})
-qt_add_resources(TalvixWidgets talvix_texts
-    PREFIX /talvix/texts
-    BASE "${CMAKE_CURRENT_BINARY_DIR}"
-    FILES ${talvix_texts})
-
-# Draws the icons anew: build this target, run it with widgets/theme as its argument, commit what it drew.
-add_executable(talvix-draw-icons EXCLUDE_FROM_ALL widgets/theme/draw_icons.cpp)
-talvix_target(talvix-draw-icons)
-target_link_libraries(talvix-draw-icons PRIVATE Qt6::Gui)
+talvix_add_texts(TalvixWidgets widgets/texts/talvix)

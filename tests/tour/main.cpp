@@ -175,7 +175,7 @@ int main(int argc, char **argv)
         const QTemporaryDir home;
         QSettings settings(home.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat);
         HostWindow window(figures.service(), settings);
-        window.setSource(figures.displayName(), options.now.toString(QStringLiteral("yyyy-MM-dd HH:mm")));
+        window.setSource(figures.displayName(), options.now, HostWindow::MomentOf::Choice);
         Tour(window, QDir(QString::fromLocal8Bit(argv[1]))).take();
     } catch (const std::exception &problem) {
         std::fprintf(stderr, "talvix-tour: %s\n", problem.what());

@@ -84,6 +84,10 @@
         <translation>Es ist %1</translation>
     </message>
     <message>
+        <source>DH_MomentOfSamples</source>
+        <translation>Beispieldaten, Stand %1; %2 wählt einen anderen Zeitpunkt</translation>
+    </message>
+    <message>
         <source>DH_ChoosePage</source>
         <translation>Seite wählen</translation>
     </message>

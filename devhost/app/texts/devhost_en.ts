@@ -84,6 +84,10 @@
         <translation>It is %1</translation>
     </message>
     <message>
+        <source>DH_MomentOfSamples</source>
+        <translation>Sample figures, as of %1; %2 chooses another moment</translation>
+    </message>
+    <message>
         <source>DH_ChoosePage</source>
         <translation>Choose a page</translation>
     </message>

@@ -84,6 +84,10 @@
         <translation>当前时间：%1</translation>
     </message>
     <message>
+        <source>DH_MomentOfSamples</source>
+        <translation>示例数据，截至 %1；用 %2 选择其他时间</translation>
+    </message>
+    <message>
         <source>DH_ChoosePage</source>
         <translation>选择页面</translation>
     </message>
