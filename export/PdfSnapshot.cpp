@@ -29,7 +29,7 @@ constexpr int pdfMode = 0;
 void writeSnapshot(const QString &fileName, QWidget &page)
 {
     QFile file(fileName);
-    file.open(QIODevice::WriteOnly);
+    static_cast<void>(file.open(QIODevice::WriteOnly));
     {
         QPdfWriter writer(&file);
         QPainter painter(&writer);

@@ -34,9 +34,9 @@ inline QString title(const char *key)
 /// fit, takes the square of its length in memory.
 constexpr qsizetype mostCharactersShown = 1000;
 
-/// Text from outside (a name, a label, a translation) as part of rich text, which shows exactly its characters.
-/// A tag in it would vanish otherwise, and one of a picture that is wider than a layout can count keeps that
-/// layout busy for ever.
+/// Text from outside (a name, a label, a translation) as part of rich text, which shows exactly its
+/// characters. A tag in it would vanish otherwise, and one of a picture that is wider than a layout can count
+/// keeps that layout busy for ever.
 inline QString inRichText(const QString &text)
 {
     return text.left(mostCharactersShown)
