@@ -154,7 +154,7 @@ run_commands() {
     for command in run test; do
         SECONDS=0
         ended=0
-        enter "$system" ${as[@]+"${as[@]}"} "$place/$command.sh" > "$facts/$command" 2>&1 || ended=$?
+        enter "$system" ${as[@]+"${as[@]}"} env CCACHE_BASEDIR="$place" "$place/$command.sh" > "$facts/$command" 2>&1 || ended=$?
         echo "$SECONDS" > "$facts/$command.seconds"
         [[ $ended -eq 0 ]] && continue
         failed=1
