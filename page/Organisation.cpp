@@ -7,6 +7,7 @@
 #include <TalvixWidgets/KrxClient.h>
 
 #include <QtCore/QDebug>
+#include <QtWidgets/QComboBox>
 
 namespace {
 

@@ -10,6 +10,7 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QPushButton>
 
 #include <memory>
 
