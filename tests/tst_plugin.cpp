@@ -450,7 +450,11 @@ void TestPlugin::pagesGetTheirServiceTypesInOrder()
 {
     LogCapture log;
     const DataStaticsWidget widget;
-    QCOMPARE(writtenLines(log),
+    QStringList lines = writtenLines(log);
+    // Qt 6.11 also tells the pages of a tab widget that they are hidden before any was shown.
+    lines.removeIf(
+        [](const QString &line) { return line.startsWith(QStringLiteral("BasicChart::doAfterWidgetHide")); });
+    QCOMPARE(lines,
         QStringList({QStringLiteral("setServiceType type: 2"), QStringLiteral("setServiceType type: 3"),
             QStringLiteral("setServiceType type: 4")}));
 }
