@@ -17,6 +17,7 @@ if ! { cmake --preset release -D TALVIX_BUILD_TESTS=OFF -D TALVIX_BUILD_BENCHMAR
     echo "The build failed." >&2
     exit 1
 fi
+grep -A4 -F 'warning:' "$log" >&2 || true
 rm -f -- "$log"
 trap - EXIT
 

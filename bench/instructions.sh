@@ -32,13 +32,12 @@ fi
 work=$(mktemp -d)
 trap 'rm -rf -- "$work"' EXIT
 
-mapfile -t rows < <(awk -v most="$most_bars" '!/^#/ && NF == 3 && $2 <= most { print $1, $2 }' "$root/bench/limits.txt")
-# shellcheck disable=SC2086 # each row is two words
+mapfile -t rows < <(awk -v most="$most_bars" '!/^#/ && NF == 3 && $2 <= most { print $1; print $2 }' "$root/bench/limits.txt")
 cd -- "$work"
 # An instruction that copies a block by itself would be counted once for each byte.
 export GLIBC_TUNABLES=glibc.cpu.x86_rep_movsb_threshold=0x7fffffff
 if ! valgrind --tool=callgrind --instr-atstart=no --callgrind-out-file="$work/count" \
-    "$build/bench/talvix-bench-instructions" ${rows[*]} > "$work/log" 2>&1; then
+    "$build/bench/talvix-bench-instructions" "${rows[@]}" > "$work/log" 2>&1; then
     cat "$work/log" >&2
     exit 1
 fi

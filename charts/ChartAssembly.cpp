@@ -10,6 +10,7 @@
 #include <QtCharts/QChart>
 #include <QtCore/QDebug>
 #include <QtCore/QMutexLocker>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>

@@ -8,6 +8,7 @@
 
 #include <QtCore/QDebug>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
 
 namespace {
 

@@ -9,7 +9,9 @@ function(talvix_target target)
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON
         POSITION_INDEPENDENT_CODE ON)
-    target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+    # What is deprecated in any Qt warns, also what only the next one will leave out.
+    target_compile_definitions(${target} PRIVATE
+        QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_DEPRECATED_WARNINGS_SINCE=0x070000)
     if(MSVC)
         target_compile_options(${target} PRIVATE /W4 $<$<BOOL:${TALVIX_WARNINGS_AS_ERRORS}>:/WX>)
     else()

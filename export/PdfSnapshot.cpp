@@ -28,7 +28,7 @@ constexpr QPoint pictureOffset(10, 1000);
 void writeSnapshot(const QString &fileName, QWidget &page)
 {
     QFile file(fileName);
-    file.open(QIODevice::WriteOnly);
+    static_cast<void>(file.open(QIODevice::WriteOnly));
     {
         QPdfWriter writer(&file);
         QPainter painter(&writer);

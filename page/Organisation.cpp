@@ -8,6 +8,7 @@
 #include <TalvixWidgets/KrxClient.h>
 
 #include <QtCore/QDebug>
+#include <QtWidgets/QComboBox>
 
 namespace {
 

@@ -11,6 +11,7 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QPushButton>
 
 #include <memory>
 

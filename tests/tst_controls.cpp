@@ -27,6 +27,7 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
+#include <QtWidgets/QToolTip>
 #include <QtWidgets/QVBoxLayout>
 
 #include <cstring>

@@ -994,7 +994,7 @@ void TestExport::thePictureShowsThePageAsItStands()
     QImage blank(expected.size(), QImage::Format_RGB32);
     blank.fill(expected.pixel(2, 2));
     QVERIFY(difference(picture, blank) > 2 * lost + 0.5);
-    QVERIFY(difference(picture, expected.mirrored()) > 2 * lost + 0.5);
+    QVERIFY(difference(picture, expected.transformed(QTransform::fromScale(1, -1))) > 2 * lost + 0.5);
 }
 
 void TestExport::theSheetHasNoTitle()

@@ -164,6 +164,9 @@ private Q_SLOTS:
     void aFileThatMayNotBeReadIsOneSentence()
     {
         const SandboxWithDatabase sandbox;
+        const QString closed = sandbox.closedToOthers();
+        if (!closed.isEmpty())
+            QSKIP(qPrintable(closed));
         const QString file = sandbox.write(QStringLiteral("e.csv"), QByteArray(header) + firstEvents);
         QVERIFY(QFile::setPermissions(file, {}));
         const Run run =

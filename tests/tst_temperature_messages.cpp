@@ -5,6 +5,8 @@
 #include <initializer_list>
 #include <type_traits>
 
+#include <QtWidgets/QComboBox>
+
 namespace {
 
 template <typename Message>

@@ -81,7 +81,7 @@ QImage finalPictureOf(QWidget &page)
 QByteArray pngOf(const QImage &picture)
 {
     QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
+    static_cast<void>(buffer.open(QIODevice::WriteOnly));
     picture.save(&buffer, "PNG");
     return buffer.data();
 }
@@ -95,7 +95,7 @@ QByteArray pdfOf(QWidget &page, const QString &title, const QDateTime &moment)
     page.render(&picture);
 
     QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
+    static_cast<void>(buffer.open(QIODevice::WriteOnly));
     {
         QPdfWriter writer(&buffer);
         writer.setTitle(title);
@@ -108,6 +108,7 @@ QByteArray pdfOf(QWidget &page, const QString &title, const QDateTime &moment)
     }
     QByteArray pdf = buffer.data();
     setDateOfPdf(pdf, moment);
+    clearIdOfPdf(pdf);
     return pdf;
 }
 

@@ -4,8 +4,10 @@
 
 #include <QtCore/QEvent>
 #include <QtGui/QPainter>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleOption>
+#include <QtWidgets/QTextEdit>
 
 class BaseStyleWidget::Private
 {

@@ -6,7 +6,10 @@ from dataclasses import dataclass, field
 from clang import cindex
 from clang.cindex import CursorKind as K, TypeKind
 
-cindex.Config.set_library_file("/usr/lib/llvm-14/lib/libclang-14.so.1")
+# The bindings ask for a name that only the library's development package has.
+version = re.search(r"libclang-(\d+)", cindex.Config().get_filename())
+if version:
+    cindex.Config.set_library_file(f"/usr/lib/llvm-{version[1]}/lib/libclang-{version[1]}.so.1")
 
 CONDITION = "condition negated"
 BOUNDARY = "comparison changed"

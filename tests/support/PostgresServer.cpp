@@ -86,7 +86,7 @@ std::unique_ptr<PostgresServer> &sharedServer()
 QString PostgresServer::missing()
 {
     if (programFolder().isEmpty())
-        return QStringLiteral("There is no PostgreSQL server here; Debian's package is postgresql-15.");
+        return QStringLiteral("There is no PostgreSQL server here; Debian's package is postgresql.");
     if (QStandardPaths::findExecutable(QStringLiteral("setpriv")).isEmpty())
         return QStringLiteral("There is no setpriv here, without which a server could outlive the tests.");
     return {};

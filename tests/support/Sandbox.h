@@ -61,6 +61,19 @@ public:
             QStringLiteral("--clear-groups")};
     }
 
+    /// Why asOrdinaryUser() can't run the program here; empty when it can.
+    QString closedToOthers() const
+    {
+        const QString program = QStringLiteral(TALVIX_DEVHOST);
+        const QStringList look =
+            asOrdinaryUser() + QStringList{QStringLiteral("test"), QStringLiteral("-x"), program};
+        if (!isRoot() || QProcess::execute(look.constFirst(), look.mid(1)) == 0)
+            return {};
+        return QStringLiteral(
+            "Other users may not enter the folders of %1, and for root no permission holds.")
+            .arg(program);
+    }
+
     /// Starts the program here, without a display. \a before is a command that runs it.
     void start(QProcess &process, const QStringList &arguments, const QStringList &before = {}) const
     {

@@ -2,6 +2,7 @@
 
 #include <page/Clock.h>
 
+#include <QtGui/QFont>
 #include <QtWidgets/QStyleFactory>
 
 #include <ctime>

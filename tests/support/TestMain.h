@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
 
 #include <memory>
 
