@@ -20,8 +20,8 @@ void counted(const QByteArray &name, Action action)
     CALLGRIND_DUMP_STATS_AT(name.constData());
 }
 
-// Kind 0 stands for no page: the tab host is made, against bare forms. Where the widgets come to lie in memory changes a
-// count by more than a percent, so several are made.
+// Kind 0 stands for no page: the tab host is made, against bare forms. Where the widgets come to lie in
+// memory changes a count by more than a percent, so several are made.
 void countOpening()
 {
     tabHost();

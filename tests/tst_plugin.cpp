@@ -420,7 +420,8 @@ private Q_SLOTS:
         const DataStaticsWidget widget;
         QStringList lines = writtenLines(log);
         // Qt 6.11 also tells the pages of a tab widget that they are hidden before any was shown.
-        lines.removeIf([](const QString &line) { return line.startsWith(u"BasicChart::doAfterWidgetHide"_s); });
+        lines.removeIf(
+            [](const QString &line) { return line.startsWith(u"BasicChart::doAfterWidgetHide"_s); });
         QCOMPARE(lines,
             QStringList(
                 {u"setServiceType type: 2"_s, u"setServiceType type: 3"_s, u"setServiceType type: 4"_s}));
