@@ -426,12 +426,7 @@ private Q_SLOTS:
 
     void anUnknownUidIsLogged_data()
     {
-        addRows<QString>({"uid"},
-            {
-                {"a uid", "nobody"},
-                {"no uid", ""},
-                {"a uid with markup", "<i>%1</i>"},
-            });
+        addRows<QString>({"uid"}, {{"a uid", "nobody"}, {"no uid", ""}, {"a uid with markup", "<i>%1</i>"}});
     }
 
     void anUnknownUidIsLogged()

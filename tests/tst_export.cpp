@@ -822,11 +822,8 @@ private Q_SLOTS:
     // The picture
     void theSheetHoldsOnePictureOfThePage_data()
     {
-        addRows<QSize>({"size"},
-            {
-                {"a page in its first size", QSize(1136, 648)},
-                {"a wide page", QSize(1500, 700)},
-            });
+        addRows<QSize>(
+            {"size"}, {{"a page in its first size", QSize(1136, 648)}, {"a wide page", QSize(1500, 700)}});
     }
 
     void theSheetHoldsOnePictureOfThePage()

@@ -106,22 +106,21 @@ using Manager = KRXClientStatisticsManager;
 static_assert(std::is_base_of_v<VuKRXClientManager, Manager>);
 static_assert(std::is_same_v<decltype(&Manager::instance), Manager *(*)()>);
 static_assert(std::is_same_v<decltype(std::declval<Manager &>().getLastErrorString()), QString>);
-static_assert(std::is_same_v<decltype(&Manager::getAlarmStatisticsOfOrgas),
-    Query<Manager, AlarmOrgasRequest, AlarmOrgasResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getAlarmStatisticsOfOrga),
-    Query<Manager, AlarmOrgaRequest, AlarmOrgaResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getAlarmStatisticsOfDevices),
-    Query<Manager, AlarmDevicesRequest, AlarmDevicesResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getAlarmStatisticsOfDevice),
-    Query<Manager, AlarmDeviceRequest, AlarmDeviceResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getOnlineStatisticsOfOrgas),
-    Query<Manager, OnlineOrgasRequest, OnlineOrgasResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getOnlineStatisticsOfOrga),
-    Query<Manager, OnlineOrgaRequest, OnlineOrgaResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getOnlineStatisticsOfDevices),
-    Query<Manager, OnlineDevicesRequest, OnlineDevicesResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getOnlineStatisticsOfDevice),
-    Query<Manager, OnlineDeviceRequest, OnlineDeviceResponse>>);
+
+template <typename Request, typename Response, typename Method>
+constexpr bool asks(Method)
+{
+    return std::is_same_v<Method, Query<Manager, Request, Response>>;
+}
+
+static_assert(asks<AlarmOrgasRequest, AlarmOrgasResponse>(&Manager::getAlarmStatisticsOfOrgas));
+static_assert(asks<AlarmOrgaRequest, AlarmOrgaResponse>(&Manager::getAlarmStatisticsOfOrga));
+static_assert(asks<AlarmDevicesRequest, AlarmDevicesResponse>(&Manager::getAlarmStatisticsOfDevices));
+static_assert(asks<AlarmDeviceRequest, AlarmDeviceResponse>(&Manager::getAlarmStatisticsOfDevice));
+static_assert(asks<OnlineOrgasRequest, OnlineOrgasResponse>(&Manager::getOnlineStatisticsOfOrgas));
+static_assert(asks<OnlineOrgaRequest, OnlineOrgaResponse>(&Manager::getOnlineStatisticsOfOrga));
+static_assert(asks<OnlineDevicesRequest, OnlineDevicesResponse>(&Manager::getOnlineStatisticsOfDevices));
+static_assert(asks<OnlineDeviceRequest, OnlineDeviceResponse>(&Manager::getOnlineStatisticsOfDevice));
 
 static_assert(std::is_same_v<decltype(&KrxClient::instance), KrxClient *(*)()>);
 static_assert(std::is_same_v<decltype(&KrxClient::getChannelByUid),

@@ -282,10 +282,7 @@ private Q_SLOTS:
     void loadWithoutRootFails_data()
     {
         addRows<bool>({"withView"},
-            {
-                {"tree view without a root item", true},
-                {"combo box without a tree view", false},
-            });
+            {{"tree view without a root item", true}, {"combo box without a tree view", false}});
     }
 
     void loadWithoutRootFails()
@@ -687,10 +684,7 @@ private Q_SLOTS:
     void languageOfTheApplicationReachesTree_data()
     {
         addRows<bool>({"visible"},
-            {
-                {"a visible page goes back to the root", true},
-                {"a hidden page keeps its node", false},
-            });
+            {{"a visible page goes back to the root", true}, {"a hidden page keeps its node", false}});
     }
 
     void languageOfTheApplicationReachesTree()

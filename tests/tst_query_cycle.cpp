@@ -1154,12 +1154,8 @@ private Q_SLOTS:
 
     void pressOnTimeOpensTheCalendar_data()
     {
-        addRows<Qt::MouseButton>({"button"},
-            {
-                {"left", Qt::LeftButton},
-                {"right", Qt::RightButton},
-                {"middle", Qt::MiddleButton},
-            });
+        addRows<Qt::MouseButton>(
+            {"button"}, {{"left", Qt::LeftButton}, {"right", Qt::RightButton}, {"middle", Qt::MiddleButton}});
     }
 
     void pressOnTimeOpensTheCalendar()

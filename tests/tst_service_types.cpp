@@ -49,10 +49,10 @@ public:
     }
 };
 
-template <typename List>
-bool isUntouched(const List &list)
+template <typename... Lists>
+bool areUntouched(const Lists &...lists)
 {
-    return list.empty();
+    return (lists.empty() && ...);
 }
 
 } // namespace
@@ -68,44 +68,24 @@ private Q_SLOTS:
     {
         const ProbePage page;
         QVERIFY(page.ui);
-        QVERIFY(isUntouched(page.barDataList));
-        QVERIFY(isUntouched(page.barDataList2));
-        QVERIFY(isUntouched(page.lineDataList));
-        QVERIFY(isUntouched(page.lineDataList2));
-        QVERIFY(isUntouched(page.pieDataList));
-        QVERIFY(isUntouched(page.devTypeDataList));
-        QCOMPARE(page.barChartView, nullptr);
-        QCOMPARE(page.lineChartView, nullptr);
-        QCOMPARE(page.pieChartView, nullptr);
+        QVERIFY(areUntouched(page.barDataList, page.barDataList2, page.lineDataList, page.lineDataList2,
+            page.pieDataList, page.devTypeDataList, page.devDataList));
+        QVERIFY(areUntouched(page.m_chartViewList, page.m_orgaList, page.idlist, page.snapSamples,
+            page.lineNames, page.snapDetailMap, page.etiologyDistribution, page.numberDistribution,
+            page.tempAlarmHandleList, page.temperatureDistribution, page.maskDistribution));
+        const QList<const void *> parts = {page.barChartView, page.lineChartView, page.pieChartView,
+            page.m_pCalendarWidget, page.pushButtonPrevious, page.pushButtonNext, page.labelPiecount,
+            page.labelCallout, page.comboBoxPie, page.m_pTimer, page.m_pExportWidget};
+        QCOMPARE(parts, QList<const void *>(parts.size(), nullptr));
         QVERIFY(page.m_strSelectedBar.isEmpty());
-        QVERIFY(isUntouched(page.m_chartViewList));
         QCOMPARE(page.m_curUser.get_id(), 0);
         QCOMPARE(page.m_nTimeType, 3);
         QCOMPARE(page.m_serviceType, 1);
-        QCOMPARE(page.m_pCalendarWidget, nullptr);
-        QVERIFY(isUntouched(page.m_orgaList));
-        QVERIFY(isUntouched(page.idlist));
-        QVERIFY(isUntouched(page.devDataList));
-        QCOMPARE(page.pushButtonPrevious, nullptr);
-        QCOMPARE(page.pushButtonNext, nullptr);
-        QCOMPARE(page.labelPiecount, nullptr);
-        QCOMPARE(page.labelCallout, nullptr);
-        QCOMPARE(page.comboBoxPie, nullptr);
         QCOMPARE(page.m_nCurPage, 1);
         QCOMPARE(page.m_nTotalPage, 1);
         QCOMPARE(page.m_nPageSize, 10);
-        QCOMPARE(page.m_pTimer, nullptr);
         QVERIFY(page.m_strToolTipFormat.isEmpty());
         QCOMPARE(page.sortFlag, true);
-        QVERIFY(isUntouched(page.snapSamples));
-        QVERIFY(isUntouched(page.lineNames));
-        QVERIFY(isUntouched(page.snapDetailMap));
-        QVERIFY(isUntouched(page.etiologyDistribution));
-        QVERIFY(isUntouched(page.numberDistribution));
-        QVERIFY(isUntouched(page.tempAlarmHandleList));
-        QVERIFY(isUntouched(page.temperatureDistribution));
-        QVERIFY(isUntouched(page.maskDistribution));
-        QCOMPARE(page.m_pExportWidget, nullptr);
         QCOMPARE(page.m_bFirstShow, true);
 
         BarePage bare(nullptr, 1);

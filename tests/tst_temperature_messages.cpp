@@ -583,10 +583,7 @@ private Q_SLOTS:
     void theSortDirectionIsSent_data()
     {
         addRows<QByteArray, int>({"button", "sortType"},
-            {
-                {"descending is 1", "pushButtonDesc", 1},
-                {"ascending is 2", "pushButtonAsc", 2},
-            });
+            {{"descending is 1", "pushButtonDesc", 1}, {"ascending is 2", "pushButtonAsc", 2}});
     }
 
     void theSortDirectionIsSent()

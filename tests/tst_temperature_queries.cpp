@@ -415,10 +415,7 @@ private Q_SLOTS:
     void anEmptyBarListAsksNothing_data()
     {
         addRows<int, QString>({"type", "line"},
-            {
-                {"groups", 5, "setGroupsBarList is empty"},
-                {"persons", 6, "setPersonsBarList is empty"},
-            });
+            {{"groups", 5, "setGroupsBarList is empty"}, {"persons", 6, "setPersonsBarList is empty"}});
     }
 
     void anEmptyBarListAsksNothing()

@@ -39,6 +39,14 @@ QLineEdit *timeEdit(const ProbePage &page)
     return page.part<QLineEdit>("lineEditTime");
 }
 
+std::pair<QString, QString> timeRange(ProbePage &page)
+{
+    QString start = u"overwritten"_s;
+    QString end = u"overwritten"_s;
+    page.currentTimeRange(start, end);
+    return {start, end};
+}
+
 void click(const ProbePage &page, const char *button)
 {
     QTest::mouseClick(page.part<ZrPushButton>(button), Qt::LeftButton);
@@ -629,11 +637,7 @@ private Q_SLOTS:
                                                 : u"yyyy-MM"_s;
         const QString format = BaseHelper::dateTimeFormatConversion(requestFormat);
         QCOMPARE(text, start.toString(format) + u'~' + stop.toString(format));
-        QString first = u"overwritten"_s;
-        QString last = u"overwritten"_s;
-        page.currentTimeRange(first, last);
-        QCOMPARE(first, from);
-        QCOMPARE(last, to);
+        QCOMPARE(timeRange(page), std::pair(from, to));
     }
 
     void requestStringsOfMalformedText_data()
@@ -658,11 +662,7 @@ private Q_SLOTS:
         QFETCH(QString, to);
         ProbePage page(1);
         timeEdit(page)->setText(text);
-        QString first = u"overwritten"_s;
-        QString last = u"overwritten"_s;
-        page.currentTimeRange(first, last);
-        QCOMPARE(first, from);
-        QCOMPARE(last, to);
+        QCOMPARE(timeRange(page), std::pair(from, to));
     }
 
     void queryAndLineUseRequestStrings_data()

@@ -51,6 +51,13 @@ const std::vector<SnapTimeSample> twoHours = {
     {"2024-05-03 00", {{"n", {{2, 20, 0}}}}},
 };
 
+void showGates(StatisticsScene &scene)
+{
+    addGates(scene);
+    answerSamples(scene.manager, twoHours);
+    QCOMPARE(scene.queryWholeLevel(), 4);
+}
+
 void refuseDetailsOf(StatisticsScene &scene, int majorClass)
 {
     scene.manager.snapDetailSamples.answer = [majorClass](const auto &request, auto &response) {
@@ -102,9 +109,7 @@ private Q_SLOTS:
     void refusedDevicesKeepSamplesAndBars()
     {
         StatisticsScene scene(8);
-        addGates(scene);
-        answerSamples(scene.manager, twoHours);
-        QCOMPARE(scene.queryWholeLevel(), 4);
+        showGates(scene);
         const LabelledValues bars = scene.page.barDataList;
         const LabelledKeys keys = scene.page.devDataList;
         scene.forget();
@@ -124,9 +129,7 @@ private Q_SLOTS:
     void noSamplesEmptyTheKeptAnswerAndKeepTheBars()
     {
         StatisticsScene scene(8);
-        addGates(scene);
-        answerSamples(scene.manager, twoHours);
-        QCOMPARE(scene.queryWholeLevel(), 4);
+        showGates(scene);
         const LabelledValues bars = scene.page.barDataList;
         scene.forget();
         answerSamples(scene.manager, {});
@@ -141,20 +144,15 @@ private Q_SLOTS:
 
     void samplesWithoutAnyFigureAreNoRecordsAndWriteNoLine_data()
     {
-        addRows<bool>({"withChannels"},
-            {
-                {"buckets without channels", false},
-                {"channels without figures", true},
-            });
+        addRows<bool>(
+            {"withChannels"}, {{"buckets without channels", false}, {"channels without figures", true}});
     }
 
     void samplesWithoutAnyFigureAreNoRecordsAndWriteNoLine()
     {
         QFETCH(bool, withChannels);
         StatisticsScene scene(8);
-        addGates(scene);
-        answerSamples(scene.manager, twoHours);
-        QCOMPARE(scene.queryWholeLevel(), 4);
+        showGates(scene);
         const LabelledValues bars = scene.page.barDataList;
         scene.forget();
         const std::vector<SnapChannelSample> channels = withChannels
@@ -780,11 +778,7 @@ private Q_SLOTS:
     void bothClassesAreAskedWhateverTheFirstAnswers_data()
     {
         addRows<int, QList<int>>({"refusedClass", "classes"},
-            {
-                {"both answered", 0, {2, 4}},
-                {"vehicles refused", 4, {2}},
-                {"pedestrians refused", 2, {4}},
-            });
+            {{"both answered", 0, {2, 4}}, {"vehicles refused", 4, {2}}, {"pedestrians refused", 2, {4}}});
     }
 
     void bothClassesAreAskedWhateverTheFirstAnswers()
