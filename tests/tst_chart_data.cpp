@@ -1,9 +1,8 @@
-#include "support/FakeKrxClient.h"
 #include "support/LogCapture.h"
 #include "support/LogLines.h"
 #include "support/PageScene.h"
-#include "support/ProbePage.h"
-#include "support/ScriptedStatisticsManager.h"
+#include "support/PageTest.h"
+#include "support/Rows.h"
 #include "support/StatisticsRows.h"
 #include "support/TestMain.h"
 
@@ -17,16 +16,15 @@
 #include <chrono>
 #include <condition_variable>
 #include <functional>
-#include <limits>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <thread>
 
-namespace {
+using namespace Qt::StringLiterals;
+using namespace std::string_literals;
 
-constexpr int most = std::numeric_limits<int>::max();
-constexpr int least = std::numeric_limits<int>::min();
+namespace {
 
 struct PeriodRow
 {
@@ -88,27 +86,18 @@ Q_DECLARE_METATYPE(LabelledKeys)
 Q_DECLARE_METATYPE(PeriodRows)
 Q_DECLARE_METATYPE(Step)
 
-class TestChartData : public QObject
+class TestChartData : public PageTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<FakeKrxClient> client;
-    std::unique_ptr<ScriptedStatisticsManager> service;
-    std::unique_ptr<ProbePage> page;
-
-    bool open(int type)
-    {
-        page = std::make_unique<ProbePage>(type);
-        page->resize(1136, 648);
-        page->show();
-        const bool exposed = QTest::qWaitForWindowExposed(page.get());
-        service->calls.clear();
-        page->tips.clear();
-        return exposed;
-    }
-
     void make(int type) { page = std::make_unique<ProbePage>(type); }
+
+    void makeWithSpan(int type)
+    {
+        make(type);
+        page->part<QLineEdit>("lineEditTime")->setText(u"2024-05-03 00~2024-05-03 17"_s);
+    }
 
     void fillEveryList()
     {
@@ -124,39 +113,21 @@ private:
     QStringList emptyLists() const
     {
         QStringList names;
-        if (page->barDataList.isEmpty())
-            names << "bar";
-        if (page->barDataList2.isEmpty())
-            names << "bar2";
-        if (page->devDataList.isEmpty())
-            names << "dev";
-        if (page->devTypeDataList.isEmpty())
-            names << "devType";
-        if (page->lineDataList.isEmpty())
-            names << "line";
-        if (page->lineDataList2.isEmpty())
-            names << "line2";
-        if (page->pieDataList.isEmpty())
-            names << "pie";
+        const auto look = [&names](const auto &list, const char *name) {
+            if (list.isEmpty())
+                names << name;
+        };
+        look(page->barDataList, "bar");
+        look(page->barDataList2, "bar2");
+        look(page->devDataList, "dev");
+        look(page->devTypeDataList, "devType");
+        look(page->lineDataList, "line");
+        look(page->lineDataList2, "line2");
+        look(page->pieDataList, "pie");
         return names;
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        client = std::make_unique<FakeKrxClient>();
-        client->setTree(QStringLiteral("1 Company\n  2 Plant North\n  3 Plant South"));
-        service = std::make_unique<ScriptedStatisticsManager>();
-    }
-
-    void cleanup()
-    {
-        page.reset();
-        service.reset();
-        client.reset();
-        HostSettings::setLanguage({});
-    }
-
     void aNewPageHasEmptyLists()
     {
         make(1);
@@ -166,18 +137,14 @@ private Q_SLOTS:
 
     void clearingEmptiesItsOwnLists_data()
     {
-        QTest::addColumn<Step>("clear");
-        QTest::addColumn<QStringList>("emptied");
-        QTest::addColumn<QString>("line");
-
-        QTest::newRow("the bar side")
-            << Step(&ProbePage::clearBarChartData) << QStringList{"bar", "bar2", "dev", "devType"}
-            << "BasicChart::clearBarChartData ";
-        QTest::newRow("the line and pie side")
-            << Step(&ProbePage::clearPieAndLineChartData) << QStringList{"line", "line2", "pie"}
-            << "BasicChart::clearPieAndLineChartData";
-        QTest::newRow("the pie alone")
-            << Step(&ProbePage::clearPieChartData) << QStringList{"pie"} << "BasicChart::clearPieChartData";
+        addRows<Step, QStringList, QString>({"clear", "emptied", "line"},
+            {
+                {"the bar side", &ProbePage::clearBarChartData, {"bar", "bar2", "dev", "devType"},
+                    "BasicChart::clearBarChartData "},
+                {"the line and pie side", &ProbePage::clearPieAndLineChartData, {"line", "line2", "pie"},
+                    "BasicChart::clearPieAndLineChartData"},
+                {"the pie alone", &ProbePage::clearPieChartData, {"pie"}, "BasicChart::clearPieChartData"},
+            });
     }
 
     void clearingEmptiesItsOwnLists()
@@ -196,14 +163,22 @@ private Q_SLOTS:
 
     void listsAreChangedUnderTheMutex_data()
     {
-        QTest::addColumn<Step>("step");
-        QTest::newRow("clearing the bar side") << Step(&ProbePage::clearBarChartData);
-        QTest::newRow("clearing the line and pie side") << Step(&ProbePage::clearPieAndLineChartData);
-        QTest::newRow("clearing the pie") << Step(&ProbePage::clearPieChartData);
-        QTest::newRow("adding a period") << Step([](ProbePage &p) { p.setLineAndPieItem("a", 1, -1); });
-        QTest::newRow("slices of causes") << Step([](ProbePage &p) { p.setEtiologyPieList({{1, 2}}); });
-        QTest::newRow("slices of numbers") << Step([](ProbePage &p) { p.setNumberPieList({{1, 2}}); });
-        QTest::newRow("the largest figure") << Step([](ProbePage &p) { p.getMaxValue({1}); });
+        addRows<Step>({"step"},
+            {
+                {"clearing the bar side", &ProbePage::clearBarChartData},
+                {"clearing the line and pie side", &ProbePage::clearPieAndLineChartData},
+                {"clearing the pie", &ProbePage::clearPieChartData},
+                {"adding a period", [](ProbePage &p) { p.setLineAndPieItem("a", 1, -1); }},
+                {"slices of causes",
+                    [](ProbePage &p) {
+                        p.setEtiologyPieList({{1, 2}});
+                    }},
+                {"slices of numbers",
+                    [](ProbePage &p) {
+                        p.setNumberPieList({{1, 2}});
+                    }},
+                {"the largest figure", [](ProbePage &p) { p.getMaxValue({1}); }},
+            });
     }
 
     void listsAreChangedUnderTheMutex()
@@ -219,20 +194,26 @@ private Q_SLOTS:
 
     void barsAreAddedWithoutTheMutex_data()
     {
-        QTest::addColumn<Step>("step");
-        QTest::newRow("an organisation") << Step([](ProbePage &p) { p.setOrgaBarItem(2, 1); });
-        QTest::newRow("a device") << Step([](ProbePage &p) { p.setDevBarItem("d1", 1); });
-        QTest::newRow("sorting the lines") << Step(&ProbePage::sortLineList);
-        QTest::newRow("slices of temperatures") << Step([](ProbePage &p) {
-            p.setTemperaturePieList({{1, 2}});
-        });
-        QTest::newRow("slices of masks") << Step([](ProbePage &p) { p.setMaskPieList({{1, 2}}); });
-        QTest::newRow("slices of minor types") << Step([](ProbePage &p) {
-            p.setSnapMinorPieList({{1, {{1, 2}}}}, 1);
-        });
-        QTest::newRow("switching the class of snapshots")
-            << Step([](ProbePage &p) { p.slot_switchPieChart(nullptr); });
-        QTest::newRow("the largest of no figures") << Step([](ProbePage &p) { p.getMaxValue({}); });
+        addRows<Step>({"step"},
+            {
+                {"an organisation", [](ProbePage &p) { p.setOrgaBarItem(2, 1); }},
+                {"a device", [](ProbePage &p) { p.setDevBarItem("d1", 1); }},
+                {"sorting the lines", &ProbePage::sortLineList},
+                {"slices of temperatures",
+                    [](ProbePage &p) {
+                        p.setTemperaturePieList({{1, 2}});
+                    }},
+                {"slices of masks",
+                    [](ProbePage &p) {
+                        p.setMaskPieList({{1, 2}});
+                    }},
+                {"slices of minor types",
+                    [](ProbePage &p) {
+                        p.setSnapMinorPieList({{1, {{1, 2}}}}, 1);
+                    }},
+                {"switching the class of snapshots", [](ProbePage &p) { p.slot_switchPieChart(nullptr); }},
+                {"the largest of no figures", [](ProbePage &p) { p.getMaxValue({}); }},
+            });
     }
 
     void barsAreAddedWithoutTheMutex()
@@ -245,12 +226,7 @@ private Q_SLOTS:
         QVERIFY(held.isHeld());
     }
 
-    void aDetailIsAskedForWithNewBarsAndEmptyLines_data()
-    {
-        QTest::addColumn<int>("type");
-        for (int type = 1; type <= 7; ++type)
-            QTest::addRow("service type %d", type) << type;
-    }
+    void aDetailIsAskedForWithNewBarsAndEmptyLines_data() { addTypes({1, 2, 3, 4, 5, 6, 7}); }
 
     // What the details of the kinds 8 and 9 draw as lines is there before anybody is asked for their pie.
     void aDetailIsAskedForWithNewBarsAndEmptyLines()
@@ -294,28 +270,19 @@ private Q_SLOTS:
 
     void organisationsBecomeBars_data()
     {
-        QTest::addColumn<int>("id");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("key");
-
-        QTest::newRow("a known organisation") << 2 << "Plant North"
-                                              << "2";
-        QTest::newRow("an unknown organisation goes by its number") << 99 << "99"
-                                                                    << "99";
-        QTest::newRow("number zero") << 0 << "0"
-                                     << "0";
-        QTest::newRow("a negative number") << -5 << "-5"
-                                           << "-5";
-        QTest::newRow("the greatest number") << most << "2147483647"
-                                             << "2147483647";
-        QTest::newRow("the least number") << least << "-2147483648"
-                                          << "-2147483648";
-        QTest::newRow("an empty name stays empty") << 50 << ""
-                                                   << "50";
-        QTest::newRow("a long name stays whole") << 51 << QString(200, QLatin1Char('n')) << "51";
-        QTest::newRow("markup is a name like any other") << 52 << "<b>%1</b>"
-                                                         << "52";
-        QTest::newRow("a name in Chinese") << 53 << QString::fromUtf8("\xe5\x8c\x97\xe5\x8e\x82") << "53";
+        addRows<int, QString, QString>({"id", "name", "key"},
+            {
+                {"a known organisation", 2, "Plant North", "2"},
+                {"an unknown organisation goes by its number", 99, "99", "99"},
+                {"number zero", 0, "0", "0"},
+                {"a negative number", -5, "-5", "-5"},
+                {"the greatest number", largest, "2147483647", "2147483647"},
+                {"the least number", smallest, "-2147483648", "-2147483648"},
+                {"an empty name stays empty", 50, "", "50"},
+                {"a long name stays whole", 51, QString(200, u'n'), "51"},
+                {"markup is a name like any other", 52, "<b>%1</b>", "52"},
+                {"a name in Chinese", 53, QString::fromUtf8("\xe5\x8c\x97\xe5\x8e\x82"), "53"},
+            });
     }
 
     void organisationsBecomeBars()
@@ -357,20 +324,20 @@ private Q_SLOTS:
         page->setDevBarItem("d1", 2);
         QCOMPARE(listValues(page->barDataList), QList<int>({1, 2}));
         QVERIFY(!page->barDataList.at(0).first.isEmpty());
-        QCOMPARE(page->devDataList.at(0), (std::pair(page->barDataList.at(0).first, QStringLiteral("60"))));
-        QCOMPARE(page->devDataList.at(1), (std::pair(page->barDataList.at(1).first, QStringLiteral("d1"))));
+        QCOMPARE(page->devDataList.at(0), (std::pair(page->barDataList.at(0).first, u"60"_s)));
+        QCOMPARE(page->devDataList.at(1), (std::pair(page->barDataList.at(1).first, u"d1"_s)));
     }
 
     void namesOfOrganisationsAndAlarmTypesAreTranslatedAndNamesOfDevicesAreNot()
     {
         const char *const known = "TK_Vehicle";
-        QVERIFY(HostSettings::setLanguage(QStringLiteral("de")));
+        QVERIFY(HostSettings::setLanguage(u"de"_s));
         const QString translated = AppTranslationHelper::instance()->getStringAfterTranslation(known);
         QVERIFY(translated != QString::fromLatin1(known));
         client->addOrganisation(61, known);
         client->addAlarmType(4, known);
         client->addDevice("d1", known);
-        client->addChannel("c1", QStringLiteral("TK_Pedestrian"));
+        client->addChannel("c1", u"TK_Pedestrian"_s);
         make(1);
         page->setOrgaBarItem(61, 1);
         page->setDevBarItem("d1", 2);
@@ -383,57 +350,37 @@ private Q_SLOTS:
 
     void devicesBecomeBars_data()
     {
-        QTest::addColumn<QStringList>("uids");
-        QTest::addColumn<QStringList>("names");
-        QTest::addColumn<QStringList>("keys");
-        QTest::addColumn<QList<int>>("types");
-
-        QTest::newRow("a channel") << QStringList{"door"} << QStringList{"Recorder Door"}
-                                   << QStringList{"door"} << QList<int>{5};
-        QTest::newRow("a device") << QStringList{"gate1"} << QStringList{"Gate"} << QStringList{"gate1"}
-                                  << QList<int>{1};
-        QTest::newRow("a uid of both is a channel")
-            << QStringList{"both"} << QStringList{"As channel"} << QStringList{"both"} << QList<int>{6};
-        QTest::newRow("two devices of one name: the second goes by its address")
-            << QStringList{"gate1", "gate2"} << QStringList{"Gate", "10.0.0.2"}
-            << QStringList{"gate1", "gate2"} << QList<int>{1, 2};
-        QTest::newRow("a third of that name goes by its address too")
-            << QStringList{"gate1", "gate2", "gate3"} << QStringList{"Gate", "10.0.0.2", "10.0.0.3"}
-            << QStringList{"gate1", "gate2", "gate3"} << QList<int>{1, 2, 3};
-        QTest::newRow("a device of that name without address gets no name")
-            << QStringList{"gate1", "gateNowhere"} << QStringList{"Gate", ""}
-            << QStringList{"gate1", "gateNowhere"} << QList<int>{1, 4};
-        QTest::newRow("a replaced name is not compared again")
-            << QStringList{"addressed", "gate1", "gate2"} << QStringList{"10.0.0.2", "Gate", "10.0.0.2"}
-            << QStringList{"addressed", "gate1", "gate2"} << QList<int>{9, 1, 2};
-        QTest::newRow("the same device twice")
-            << QStringList{"gate2", "gate2"} << QStringList{"Gate", "10.0.0.2"}
-            << QStringList{"gate2", "gate2"} << QList<int>{2, 2};
-        QTest::newRow("case counts") << QStringList{"gate1", "gateSmall"} << QStringList{"Gate", "gate"}
-                                     << QStringList{"gate1", "gateSmall"} << QList<int>{1, 7};
-        QTest::newRow("a channel of a taken name goes by its address")
-            << QStringList{"door", "doorTwin"} << QStringList{"Recorder Door", "10.0.1.2"}
-            << QStringList{"door", "doorTwin"} << QList<int>{5, 5};
-        QTest::newRow("a channel of a taken name without address goes by its own name")
-            << QStringList{"door", "doorNowhere"} << QStringList{"Recorder Door", "Back door"}
-            << QStringList{"door", "doorNowhere"} << QList<int>{5, 8};
-        QTest::newRow("a channel with neither gets no name")
-            << QStringList{"door", "doorNothing"} << QStringList{"Recorder Door", ""}
-            << QStringList{"door", "doorNothing"} << QList<int>{5, 8};
-        QTest::newRow("a device is compared with channels as well")
-            << QStringList{"door", "deviceLikeDoor"} << QStringList{"Recorder Door", "10.0.2.1"}
-            << QStringList{"door", "deviceLikeDoor"} << QList<int>{5, 1};
-        QTest::newRow("a channel is compared with devices as well")
-            << QStringList{"deviceLikeDoor", "doorTwin"} << QStringList{"Recorder Door", "10.0.1.2"}
-            << QStringList{"deviceLikeDoor", "doorTwin"} << QList<int>{1, 5};
-        QTest::newRow("an unknown uid is dropped and the others stay in step")
-            << QStringList{"gate1", "nobody", "door"} << QStringList{"Gate", "Recorder Door"}
-            << QStringList{"gate1", "door"} << QList<int>{1, 5};
-        QTest::newRow("a long name stays whole")
-            << QStringList{"long"} << QStringList{QString(200, QLatin1Char('n'))} << QStringList{"long"}
-            << QList<int>{-1};
-        QTest::newRow("markup is a name like any other")
-            << QStringList{"markup"} << QStringList{"<b>%1</b>"} << QStringList{"markup"} << QList<int>{0};
+        addRows<QStringList, QStringList, QStringList, QList<int>>({"uids", "names", "keys", "types"},
+            {
+                {"a channel", {"door"}, {"Recorder Door"}, {"door"}, {5}},
+                {"a device", {"gate1"}, {"Gate"}, {"gate1"}, {1}},
+                {"a uid of both is a channel", {"both"}, {"As channel"}, {"both"}, {6}},
+                {"two devices of one name: the second goes by its address", {"gate1", "gate2"},
+                    {"Gate", "10.0.0.2"}, {"gate1", "gate2"}, {1, 2}},
+                {"a third of that name goes by its address too", {"gate1", "gate2", "gate3"},
+                    {"Gate", "10.0.0.2", "10.0.0.3"}, {"gate1", "gate2", "gate3"}, {1, 2, 3}},
+                {"a device of that name without address gets no name", {"gate1", "gateNowhere"}, {"Gate", ""},
+                    {"gate1", "gateNowhere"}, {1, 4}},
+                {"a replaced name is not compared again", {"addressed", "gate1", "gate2"},
+                    {"10.0.0.2", "Gate", "10.0.0.2"}, {"addressed", "gate1", "gate2"}, {9, 1, 2}},
+                {"the same device twice", {"gate2", "gate2"}, {"Gate", "10.0.0.2"}, {"gate2", "gate2"},
+                    {2, 2}},
+                {"case counts", {"gate1", "gateSmall"}, {"Gate", "gate"}, {"gate1", "gateSmall"}, {1, 7}},
+                {"a channel of a taken name goes by its address", {"door", "doorTwin"},
+                    {"Recorder Door", "10.0.1.2"}, {"door", "doorTwin"}, {5, 5}},
+                {"a channel of a taken name without address goes by its own name", {"door", "doorNowhere"},
+                    {"Recorder Door", "Back door"}, {"door", "doorNowhere"}, {5, 8}},
+                {"a channel with neither gets no name", {"door", "doorNothing"}, {"Recorder Door", ""},
+                    {"door", "doorNothing"}, {5, 8}},
+                {"a device is compared with channels as well", {"door", "deviceLikeDoor"},
+                    {"Recorder Door", "10.0.2.1"}, {"door", "deviceLikeDoor"}, {5, 1}},
+                {"a channel is compared with devices as well", {"deviceLikeDoor", "doorTwin"},
+                    {"Recorder Door", "10.0.1.2"}, {"deviceLikeDoor", "doorTwin"}, {1, 5}},
+                {"an unknown uid is dropped and the others stay in step", {"gate1", "nobody", "door"},
+                    {"Gate", "Recorder Door"}, {"gate1", "door"}, {1, 5}},
+                {"a long name stays whole", {"long"}, {QString(200, u'n')}, {"long"}, {-1}},
+                {"markup is a name like any other", {"markup"}, {"<b>%1</b>"}, {"markup"}, {0}},
+            });
     }
 
     void devicesBecomeBars()
@@ -452,11 +399,11 @@ private Q_SLOTS:
         client->addDevice("deviceLikeDoor", "Recorder Door", "10.0.2.1", 1);
         client->addDevice("long", std::string(200, 'n'), "", -1);
         client->addDevice("markup", "<b>%1</b>", "", 0);
-        client->addChannel("both", QStringLiteral("As channel"), "Channel", "10.0.1.8", 6);
-        client->addChannel("door", QStringLiteral("Recorder Door"), "Front door", "10.0.1.1", 5);
-        client->addChannel("doorTwin", QStringLiteral("Recorder Door"), "Twin door", "10.0.1.2", 5);
-        client->addChannel("doorNowhere", QStringLiteral("Recorder Door"), "Back door", "", 8);
-        client->addChannel("doorNothing", QStringLiteral("Recorder Door"), "", "", 8);
+        client->addChannel("both", u"As channel"_s, "Channel", "10.0.1.8", 6);
+        client->addChannel("door", u"Recorder Door"_s, "Front door", "10.0.1.1", 5);
+        client->addChannel("doorTwin", u"Recorder Door"_s, "Twin door", "10.0.1.2", 5);
+        client->addChannel("doorNowhere", u"Recorder Door"_s, "Back door", "", 8);
+        client->addChannel("doorNothing", u"Recorder Door"_s, "", "", 8);
         make(2);
         int value = 100;
         for (const QString &uid : uids)
@@ -479,10 +426,7 @@ private Q_SLOTS:
 
     void anUnknownUidIsLogged_data()
     {
-        QTest::addColumn<QString>("uid");
-        QTest::newRow("a uid") << "nobody";
-        QTest::newRow("no uid") << "";
-        QTest::newRow("a uid with markup") << "<i>%1</i>";
+        addRows<QString>({"uid"}, {{"a uid", "nobody"}, {"no uid", ""}, {"a uid with markup", "<i>%1</i>"}});
     }
 
     void anUnknownUidIsLogged()
@@ -492,7 +436,7 @@ private Q_SLOTS:
         LogCapture log;
         page->setDevBarItem(uid.toStdString(), 1);
         QCOMPARE(log.lines().size(), 1);
-        QCOMPARE(loggedBehind(log.lines(), QStringLiteral("uid  is invalid")), uid);
+        QCOMPARE(loggedBehind(log.lines(), u"uid  is invalid"_s), uid);
         QVERIFY(page->barDataList.isEmpty());
         QVERIFY(page->devDataList.isEmpty());
         QVERIFY(page->devTypeDataList.isEmpty());
@@ -501,53 +445,37 @@ private Q_SLOTS:
 
     void periodsFoldIntoLineAndPie_data()
     {
-        QTest::addColumn<PeriodRows>("rows");
-        QTest::addColumn<LabelledValues>("line");
-        QTest::addColumn<LabelledValues>("pie");
-
-        QTest::newRow("one row") << PeriodRows{{"08", 3, 1}} << LabelledValues{{"08", 3}}
-                                 << LabelledValues{{"Motion", 3}};
-        QTest::newRow("several types of a period: one point, one slice each") << PeriodRows{{"08", 3, 1},
-            {"08", 4, 2}} << LabelledValues{{"08", 7}} << LabelledValues{{"Motion", 3}, {"Fire", 4}};
-        QTest::newRow("one type in several periods: one slice, one point each") << PeriodRows{{"09", 3, 1},
-            {"08", 4, 1}} << LabelledValues{{"09", 3}, {"08", 4}} << LabelledValues{{"Motion", 7}};
-        QTest::newRow("a sum keeps its place")
-            << PeriodRows{{"08", 1, 2}, {"09", 2, 1}, {"08", 4, 2}} << LabelledValues{{"08", 5}, {"09", 2}}
-            << LabelledValues{{"Fire", 5}, {"Motion", 2}};
-        QTest::newRow("an unknown type goes by its number")
-            << PeriodRows{{"08", 3, 77}} << LabelledValues{{"08", 3}} << LabelledValues{{"77", 3}};
-        QTest::newRow("types are unknown below none as well") << PeriodRows{{"08", 3, -2},
-            {"08", 4, 0}} << LabelledValues{{"08", 7}} << LabelledValues{{"-2", 3}, {"0", 4}};
-        QTest::newRow("without a type the slice is the period")
-            << PeriodRows{{"08", 3, -1}, {"09", 2, -1}} << LabelledValues{{"08", 3}, {"09", 2}}
-            << LabelledValues{{"08", 3}, {"09", 2}};
-        QTest::newRow("two types of one name share a slice") << PeriodRows{{"08", 3, 2},
-            {"08", 4, 3}} << LabelledValues{{"08", 7}} << LabelledValues{{"Fire", 7}};
-        QTest::newRow("a zero stands in the line alone")
-            << PeriodRows{{"08", 0, 1}, {"08", 0, 2}} << LabelledValues{{"08", 0}} << LabelledValues{};
-        QTest::newRow("a zero among figures makes no slice") << PeriodRows{{"08", 0, 1},
-            {"08", 5, 2}} << LabelledValues{{"08", 5}} << LabelledValues{{"Fire", 5}};
-        QTest::newRow("a zero without a type")
-            << PeriodRows{{"08", 0, -1}} << LabelledValues{{"08", 0}} << LabelledValues{};
-        QTest::newRow("a negative figure takes away")
-            << PeriodRows{{"08", 3, 1}, {"08", -5, 1}} << LabelledValues{{"08", -2}}
-            << LabelledValues{{"Motion", -2}};
-        QTest::newRow("sums that come to zero stay")
-            << PeriodRows{{"08", 3, 1}, {"08", -3, 1}} << LabelledValues{{"08", 0}}
-            << LabelledValues{{"Motion", 0}};
-        QTest::newRow("sums wrap at 32 bits")
-            << PeriodRows{{"08", most, 1}, {"08", 1, 1}} << LabelledValues{{"08", least}}
-            << LabelledValues{{"Motion", least}};
-        QTest::newRow("an empty label is a period")
-            << PeriodRows{{"", 1, -1}, {"", 2, -1}} << LabelledValues{{"", 3}} << LabelledValues{{"", 3}};
-        QTest::newRow("a type without a name has a slice without one")
-            << PeriodRows{{"08", 2, 9}} << LabelledValues{{"08", 2}} << LabelledValues{{"", 2}};
-        QTest::newRow("slices stand in the order of their first row")
-            << PeriodRows{{"08", 1, 77}, {"08", 9, 2}, {"08", 5, 1}} << LabelledValues{{"08", 15}}
-            << LabelledValues{{"77", 1}, {"Fire", 9}, {"Motion", 5}};
-        QTest::newRow("case counts in periods")
-            << PeriodRows{{"a", 1, 1}, {"A", 2, 1}} << LabelledValues{{"a", 1}, {"A", 2}}
-            << LabelledValues{{"Motion", 3}};
+        addRows<PeriodRows, LabelledValues, LabelledValues>({"rows", "line", "pie"},
+            {
+                {"one row", {{"08", 3, 1}}, {{"08", 3}}, {{"Motion", 3}}},
+                {"several types of a period: one point, one slice each", {{"08", 3, 1}, {"08", 4, 2}},
+                    {{"08", 7}}, {{"Motion", 3}, {"Fire", 4}}},
+                {"one type in several periods: one slice, one point each", {{"09", 3, 1}, {"08", 4, 1}},
+                    {{"09", 3}, {"08", 4}}, {{"Motion", 7}}},
+                {"a sum keeps its place", {{"08", 1, 2}, {"09", 2, 1}, {"08", 4, 2}}, {{"08", 5}, {"09", 2}},
+                    {{"Fire", 5}, {"Motion", 2}}},
+                {"an unknown type goes by its number", {{"08", 3, 77}}, {{"08", 3}}, {{"77", 3}}},
+                {"types are unknown below none as well", {{"08", 3, -2}, {"08", 4, 0}}, {{"08", 7}},
+                    {{"-2", 3}, {"0", 4}}},
+                {"without a type the slice is the period", {{"08", 3, -1}, {"09", 2, -1}},
+                    {{"08", 3}, {"09", 2}}, {{"08", 3}, {"09", 2}}},
+                {"two types of one name share a slice", {{"08", 3, 2}, {"08", 4, 3}}, {{"08", 7}},
+                    {{"Fire", 7}}},
+                {"a zero stands in the line alone", {{"08", 0, 1}, {"08", 0, 2}}, {{"08", 0}}, {}},
+                {"a zero among figures makes no slice", {{"08", 0, 1}, {"08", 5, 2}}, {{"08", 5}},
+                    {{"Fire", 5}}},
+                {"a zero without a type", {{"08", 0, -1}}, {{"08", 0}}, {}},
+                {"a negative figure takes away", {{"08", 3, 1}, {"08", -5, 1}}, {{"08", -2}},
+                    {{"Motion", -2}}},
+                {"sums that come to zero stay", {{"08", 3, 1}, {"08", -3, 1}}, {{"08", 0}}, {{"Motion", 0}}},
+                {"sums wrap at 32 bits", {{"08", largest, 1}, {"08", 1, 1}}, {{"08", smallest}},
+                    {{"Motion", smallest}}},
+                {"an empty label is a period", {{"", 1, -1}, {"", 2, -1}}, {{"", 3}}, {{"", 3}}},
+                {"a type without a name has a slice without one", {{"08", 2, 9}}, {{"08", 2}}, {{"", 2}}},
+                {"slices stand in the order of their first row", {{"08", 1, 77}, {"08", 9, 2}, {"08", 5, 1}},
+                    {{"08", 15}}, {{"77", 1}, {"Fire", 9}, {"Motion", 5}}},
+                {"case counts in periods", {{"a", 1, 1}, {"A", 2, 1}}, {{"a", 1}, {"A", 2}}, {{"Motion", 3}}},
+            });
     }
 
     void periodsFoldIntoLineAndPie()
@@ -580,7 +508,7 @@ private Q_SLOTS:
         fillEveryList();
         LogCapture log;
         page->setPieAndLineList({alarmsOfPeriod("09", -1, 1), alarmsOfPeriod("08", -1, 2)});
-        QCOMPARE(log.lines().constFirst(), QStringLiteral("BasicChart::clearPieAndLineChartData"));
+        QCOMPARE(log.lines().constFirst(), u"BasicChart::clearPieAndLineChartData"_s);
         QCOMPARE(page->lineDataList, (LabelledValues{{"09", 1}, {"08", 2}}));
         QCOMPARE(page->pieDataList, (LabelledValues{{"09", 1}, {"08", 2}}));
         QVERIFY(page->lineDataList2.isEmpty());
@@ -599,7 +527,7 @@ private Q_SLOTS:
         LogCapture log;
         page->setOnlinePieAndLineList(
             {onlineOfPeriod("09", 1), onlineOfPeriod("08", 0), onlineOfPeriod("09", 4)});
-        QCOMPARE(log.lines().constFirst(), QStringLiteral("BasicChart::clearPieAndLineChartData"));
+        QCOMPARE(log.lines().constFirst(), u"BasicChart::clearPieAndLineChartData"_s);
         QCOMPARE(page->lineDataList, (LabelledValues{{"09", 5}, {"08", 0}}));
         QCOMPARE(page->pieDataList, (LabelledValues{{"09", 5}}));
         QVERIFY(page->lineDataList2.isEmpty());
@@ -707,8 +635,7 @@ private Q_SLOTS:
         QFETCH(QString, line);
         QFETCH(QStringList, calls);
         client->addDevice("d1", "Camera", "10.0.0.1", 4);
-        make(1);
-        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        makeWithSpan(1);
         page->setServiceType(type);
         fillEveryList();
         LogCapture log;
@@ -725,41 +652,34 @@ private Q_SLOTS:
         QCOMPARE(service->calls, calls);
 
         const QStringList lines = log.lines();
-        const QString emptyLine = online ? QStringLiteral(" setOnlineBarList  barDataList is empty")
-                                         : QStringLiteral(" BasicChart::setBarList  barDataList is empty");
+        const QString emptyLine = online ? u" setOnlineBarList  barDataList is empty"_s
+                                         : u" BasicChart::setBarList  barDataList is empty"_s;
         QCOMPARE(log.contains(emptyLine), calls.isEmpty());
-        QCOMPARE(lines.constFirst(),
-            online ? QStringLiteral("BasicChart::clearBarChartData ")
-                   : QStringLiteral("BasicChart::setBarList"));
-        QVERIFY(log.contains(QStringLiteral("BasicChart::clearBarChartData ")));
+        QCOMPARE(
+            lines.constFirst(), online ? u"BasicChart::clearBarChartData "_s : u"BasicChart::setBarList"_s);
+        QVERIFY(log.contains(u"BasicChart::clearBarChartData "_s));
         if (!calls.isEmpty()) {
             QVERIFY(inOrder(lines, {line + "*", "BasicChart::getChartDataByBarId"}));
             const QString shown = loggedBehind(lines, line);
-            const auto behind = shown.indexOf(QStringLiteral("\n devDataList QList("));
+            const auto behind = shown.indexOf(u"\n devDataList QList("_s);
             QVERIFY(behind > 0);
             QVERIFY(shown.left(behind).contains(QDebug::toString(page->barDataList.at(0))));
             QVERIFY(shown.mid(behind).contains(QDebug::toString(page->devDataList.at(0))));
         } else {
             for (const QString &text : lines)
-                QVERIFY2(!text.startsWith(QStringLiteral("type ")), qPrintable(text));
+                QVERIFY2(!text.startsWith(u"type "_s), qPrintable(text));
             QCOMPARE(emptyLists(), (QStringList{"bar", "bar2", "dev", "devType"}));
         }
     }
 
-    void theFirstRowOfTheAnswerIsOpenedNotTheGreatest_data()
-    {
-        QTest::addColumn<int>("type");
-        for (int type : {1, 2, 3, 4})
-            QTest::addRow("kind %d", type) << type;
-    }
+    void theFirstRowOfTheAnswerIsOpenedNotTheGreatest_data() { addTypes({1, 2, 3, 4}); }
 
     void theFirstRowOfTheAnswerIsOpenedNotTheGreatest()
     {
         QFETCH(int, type);
         client->addDevice("3", "South");
         client->addDevice("2", "North");
-        make(1);
-        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        makeWithSpan(1);
         page->setServiceType(type);
         if (type <= 2)
             page->setBarList(
@@ -772,22 +692,23 @@ private Q_SLOTS:
             QCOMPARE(service->alarmStatisticsOfOrga.requests.constFirst().orgaId, 3);
             break;
         case 2:
-            QCOMPARE(service->alarmStatisticsOfDevice.requests.constFirst().uid(), std::string("3"));
+            QCOMPARE(service->alarmStatisticsOfDevice.requests.constFirst().uid(), "3"s);
             break;
         case 3:
             QCOMPARE(service->onlineStatisticsOfOrga.requests.constFirst().orgaId, 3);
             break;
         default:
-            QCOMPARE(service->onlineStatisticsOfDevice.requests.constFirst().uid(), std::string("3"));
+            QCOMPARE(service->onlineStatisticsOfDevice.requests.constFirst().uid(), "3"s);
         }
     }
 
     void rowsThatNobodyKnowsLeaveTheBarSideEmpty_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("line");
-        QTest::newRow("alarms") << 2 << " BasicChart::setBarList  barDataList is empty";
-        QTest::newRow("online") << 4 << " setOnlineBarList  barDataList is empty";
+        addRows<int, QString>({"type", "line"},
+            {
+                {"alarms", 2, " BasicChart::setBarList  barDataList is empty"},
+                {"online", 4, " setOnlineBarList  barDataList is empty"},
+            });
     }
 
     void rowsThatNobodyKnowsLeaveTheBarSideEmpty()
@@ -817,68 +738,56 @@ private Q_SLOTS:
         QTest::newRow("kind 3") << 3 << QStringList{"getOnlineStatisticsOfOrga"};
         QTest::newRow("kind 4") << 4 << QStringList{"getOnlineStatisticsOfDevice"};
         QTest::newRow("kind 6") << 6 << QStringList{"getTemperatureStatisticsOfPerson"};
-        for (int type : {0, 10, -1, most})
+        for (int type : {0, 10, -1, largest})
             QTest::addRow("kind %d falls to kind 1", type) << type << QStringList{"getAlarmStatisticsOfOrga"};
     }
 
     void eachKindHasItsDrillDown()
     {
         QFETCH(int, type);
-        make(1);
-        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        makeWithSpan(1);
         page->setServiceType(type);
         fillEveryList();
         LogCapture log;
-        page->getChartDataByBarId(QStringLiteral("3"));
+        page->getChartDataByBarId(u"3"_s);
         QTEST(service->calls, "calls");
         QCOMPARE(emptyLists(), (QStringList{"line", "line2", "pie"}));
         QVERIFY(inOrder(
             log.lines(), {"BasicChart::getChartDataByBarId", "BasicChart::clearPieAndLineChartData"}));
-        QCOMPARE(log.lines().constFirst(), QStringLiteral("BasicChart::getChartDataByBarId"));
-        const QString all = log.lines().join(QLatin1Char('\n'));
-        QVERIFY(all.indexOf(QStringLiteral("linedatalist QList(")) > 0);
-        QVERIFY(all.indexOf(QStringLiteral(" piedatalist  QList("))
-            > all.indexOf(QStringLiteral("linedatalist")));
+        QCOMPARE(log.lines().constFirst(), u"BasicChart::getChartDataByBarId"_s);
+        const QString all = log.lines().join(u'\n');
+        QVERIFY(all.indexOf(u"linedatalist QList("_s) > 0);
+        QVERIFY(all.indexOf(u" piedatalist  QList("_s) > all.indexOf(u"linedatalist"_s));
     }
 
-    void otherKindsAskNeitherAlarmsNorOnlineFigures_data()
-    {
-        QTest::addColumn<int>("type");
-        for (int type : {5, 6, 7, 8, 9})
-            QTest::addRow("kind %d", type) << type;
-    }
+    void otherKindsAskNeitherAlarmsNorOnlineFigures_data() { addTypes({5, 6, 7, 8, 9}); }
 
     void otherKindsAskNeitherAlarmsNorOnlineFigures()
     {
         QFETCH(int, type);
-        make(1);
-        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        makeWithSpan(1);
         page->setServiceType(type);
         fillEveryList();
-        page->getChartDataByBarId(QStringLiteral("3"));
+        page->getChartDataByBarId(u"3"_s);
         for (const QString &call : service->calls)
-            QVERIFY2(
-                !call.contains(QStringLiteral("AlarmStatistics")) && !call.contains(QStringLiteral("Online")),
-                qPrintable(call));
+            QVERIFY2(!call.contains(u"AlarmStatistics"_s) && !call.contains(u"Online"_s), qPrintable(call));
         QVERIFY(page->lineDataList.isEmpty());
         QCOMPARE(page->barDataList, (LabelledValues{{"bar", 1}}));
     }
 
     void groupsAskForTheGroupAndBothDistributions()
     {
-        make(1);
-        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        makeWithSpan(1);
         page->setServiceType(5);
-        page->getChartDataByBarId(QStringLiteral("3"));
-        QCOMPARE(service->calls.count(QStringLiteral("getTemperatureStatisticsOfGroup")), 1);
-        QCOMPARE(service->calls.count(QStringLiteral("getTempStatisticsDistributionOfGroups")), 2);
+        page->getChartDataByBarId(u"3"_s);
+        QCOMPARE(service->calls.count(u"getTemperatureStatisticsOfGroup"_s), 1);
+        QCOMPARE(service->calls.count(u"getTempStatisticsDistributionOfGroups"_s), 2);
         QCOMPARE(service->calls.size(), 3);
     }
 
     void aDrillDownSortsTheLineAndTellsBothLists()
     {
-        make(1);
-        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        makeWithSpan(1);
         client->addAlarmType(1, "Motion");
         client->addAlarmType(2, "Fire");
         answerRows(service->alarmStatisticsOfOrga,
@@ -886,13 +795,13 @@ private Q_SLOTS:
                 alarmsOfPeriod("2024-05-03 10", 2, 4)});
         fillEveryList();
         LogCapture log;
-        page->getChartDataByBarId(QStringLiteral("3"));
+        page->getChartDataByBarId(u"3"_s);
         QCOMPARE(page->lineDataList, (LabelledValues{{"2024-05-03 09", 3}, {"2024-05-03 10", 9}}));
         QCOMPARE(page->pieDataList, (LabelledValues{{"Motion", 5}, {"Fire", 7}}));
         QVERIFY(page->lineDataList2.isEmpty());
-        const QString all = log.lines().join(QLatin1Char('\n'));
-        const auto lineAt = all.indexOf(QStringLiteral("linedatalist"));
-        const auto pieAt = all.indexOf(QStringLiteral(" piedatalist "));
+        const QString all = log.lines().join(u'\n');
+        const auto lineAt = all.indexOf(u"linedatalist"_s);
+        const auto pieAt = all.indexOf(u" piedatalist "_s);
         QVERIFY(lineAt > 0 && pieAt > lineAt);
         const QString lineText = all.mid(lineAt, pieAt - lineAt);
         const auto nine = lineText.indexOf(QDebug::toString(page->lineDataList.at(0)));
@@ -903,16 +812,15 @@ private Q_SLOTS:
 
     void everyDrillDownReplacesTheOneBefore()
     {
-        make(1);
-        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        makeWithSpan(1);
         answerRows(service->alarmStatisticsOfOrga, {alarmsOfPeriod("2024-05-03 10", -1, 5)});
-        page->getChartDataByBarId(QStringLiteral("3"));
+        page->getChartDataByBarId(u"3"_s);
         answerRows(service->alarmStatisticsOfOrga, {alarmsOfPeriod("2024-05-03 11", -1, 6)});
-        page->getChartDataByBarId(QStringLiteral("2"));
+        page->getChartDataByBarId(u"2"_s);
         QCOMPARE(page->lineDataList, (LabelledValues{{"2024-05-03 11", 6}}));
         QCOMPARE(page->pieDataList, (LabelledValues{{"2024-05-03 11", 6}}));
         answerRows(service->alarmStatisticsOfOrga, {});
-        page->getChartDataByBarId(QStringLiteral("2"));
+        page->getChartDataByBarId(u"2"_s);
         QVERIFY(page->lineDataList.isEmpty());
         QVERIFY(page->pieDataList.isEmpty());
     }
@@ -923,9 +831,9 @@ private Q_SLOTS:
         QVERIFY(open(1));
         QCOMPARE(page->devDataList, (LabelledKeys{{"Plant North", "2"}, {"Plant South", "3"}}));
         QCOMPARE(page->barDataList, (LabelledValues{{"Plant South", 5}, {"Plant North", 4}}));
-        answerRows(service->alarmStatisticsOfOrgas, {alarmsOfOrganisation(1, 7)});
+        answerRows(service->alarmStatisticsOfOrgas, {alarmsOfOrganisation(42, 7)});
         page->slotSearch();
-        QCOMPARE(page->devDataList, (LabelledKeys{{"Company", "1"}}));
+        QCOMPARE(page->devDataList, (LabelledKeys{{"Company", "42"}}));
         QCOMPARE(page->barDataList, (LabelledValues{{"Company", 7}}));
     }
 
@@ -947,7 +855,7 @@ private Q_SLOTS:
         answerRows(service->alarmStatisticsOfOrga, {alarmsOfPeriod("2024-05-03 10", -1, 5)});
         QVERIFY(open(1));
         QVERIFY(!page->pieDataList.isEmpty());
-        service->failWith(QStringLiteral("closed"));
+        service->failWith(u"closed"_s);
         page->slotSearch();
         QCOMPARE(page->barDataList, (LabelledValues{{"Plant North", 4}}));
         QCOMPARE(page->devDataList, (LabelledKeys{{"Plant North", "2"}}));
@@ -964,15 +872,14 @@ private Q_SLOTS:
             rows.push_back(onlineOfPeriod(std::to_string(i), i));
         page->setOnlinePieAndLineList(rows);
         QCOMPARE(page->lineDataList.size(), 100000);
-        QCOMPARE(page->lineDataList.constLast(), (std::pair(QStringLiteral("99999"), 99999)));
+        QCOMPARE(page->lineDataList.constLast(), (std::pair(u"99999"_s, 99999)));
         QCOMPARE(page->pieDataList.size(), 99999);
-        QCOMPARE(page->pieDataList.constFirst(), (std::pair(QStringLiteral("1"), 1)));
+        QCOMPARE(page->pieDataList.constFirst(), (std::pair(u"1"_s, 1)));
     }
 
     void fiveThousandDevicesOfOneNameKeepTheirKeys()
     {
-        make(2);
-        page->part<QLineEdit>("lineEditTime")->setText(QStringLiteral("2024-05-03 00~2024-05-03 17"));
+        makeWithSpan(2);
         std::vector<AlarmStatisticsRecord> rows;
         for (int i = 0; i < 5000; ++i) {
             client->addDevice(std::to_string(i), "Gate", "address " + std::to_string(i), 1);
@@ -980,9 +887,8 @@ private Q_SLOTS:
         }
         page->setBarList(rows);
         QCOMPARE(page->barDataList.size(), 5000);
-        QCOMPARE(page->devDataList.constFirst(), (std::pair(QStringLiteral("Gate"), QStringLiteral("0"))));
-        QCOMPARE(page->devDataList.constLast(),
-            (std::pair(QStringLiteral("address 4999"), QStringLiteral("4999"))));
+        QCOMPARE(page->devDataList.constFirst(), (std::pair(u"Gate"_s, u"0"_s)));
+        QCOMPARE(page->devDataList.constLast(), (std::pair(u"address 4999"_s, u"4999"_s)));
     }
 };
 

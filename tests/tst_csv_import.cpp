@@ -1,9 +1,13 @@
 #include "support/EventStore.h"
+#include "support/Rows.h"
 
 #include <devhost/data/CsvLine.h>
 #include <devhost/data/TemperatureStatistics.h>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
+using namespace std::string_literals;
 
 using namespace devdata;
 
@@ -100,7 +104,7 @@ private Q_SLOTS:
         QVERIFY(imported > 0);
         SqlKrxClient client(store->store);
         QCOMPARE(client.getOrgaInfoById(imported)->get_parent_id(), 1);
-        QCOMPARE(client.getDevNameByChannelID("street-1"), QStringLiteral("street-1"));
+        QCOMPARE(client.getDevNameByChannelID("street-1"), u"street-1"_s);
         QCOMPARE(client.getDevicesByUid("street-1")->get_device_type_id(), 1);
         const char *hour = "2024-05-03 08";
         QCOMPARE(count(Fact::Snapshots, Scope::Organisation, imported, TimeUnit::Hour, hour), 7);
@@ -111,7 +115,7 @@ private Q_SLOTS:
         const auto groups = readingsOfGroups(store->store.connection(), {imported}, SumMode::OnlyCurrent,
             SortOrder::Descending, parseTimeRange(static_cast<int>(TimeUnit::Hour), hour, hour));
         QCOMPARE(groups.size(), size_t(1));
-        QCOMPARE(groups[0].name, std::string("Imported"));
+        QCOMPARE(groups[0].name, "Imported"s);
         QCOMPARE(groups[0].count, 3);
 
         import("snapshot,2024-05-03T09:00,street-1,2,1\nsnapshot,2024-05-03T09:00,street-3,2,1\n");
@@ -136,7 +140,7 @@ private Q_SLOTS:
                 parseTimeRange(static_cast<int>(TimeUnit::Day), "2024-05-03", "2024-05-03")});
         QStringList rows;
         for (const ClassCount &row : details)
-            rows += QStringLiteral("%1=%2").arg(row.eventClass).arg(row.count);
+            rows += u"%1=%2"_s.arg(row.eventClass).arg(row.count);
         QCOMPARE(rows, (QStringList{"201000=7", "202000=7", "203000=7", "204000=7"}));
     }
 
@@ -152,51 +156,48 @@ private Q_SLOTS:
 
     void aWrongLineStopsTheImportAndNothingIsKept_data()
     {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<QString>("reason");
-
-        const auto row = [](const char *name, const QByteArray &line, const char *reason) {
-            QTest::newRow(name) << line << QString::fromUtf8(reason);
-        };
-        row("too few fields", "alarm,2024-05-03T08:15,x,1", "expected 5 fields, found 4");
-        row("too many fields", "alarm,2024-05-03T08:15,x,1,1,1", "expected 5 fields, found 6");
-        row("an unknown kind", "Alarm,2024-05-03T08:15,x,1,1",
-            "'Alarm' is not one of alarm, online, temperature and snapshot");
-        row("a blank for the T", "alarm,2024-05-03 08:15,x,1,1",
-            "the time '2024-05-03 08:15' is not of the form yyyy-MM-ddThh:mm");
-        row("a zone", "alarm,2024-05-03T08:15Z,x,1,1",
-            "the time '2024-05-03T08:15Z' is not of the form yyyy-MM-ddThh:mm");
-        row("a day that does not exist", "alarm,2024-02-30T08:15,x,1,1",
-            "the time '2024-02-30T08:15' is not of the form yyyy-MM-ddThh:mm");
-        row("an hour that does not exist", "alarm,2024-02-28T24,x,1,1",
-            "the time '2024-02-28T24' is not of the form yyyy-MM-ddThh:mm");
-        row("no source", "alarm,2024-05-03T08:15, ,1,1", "the source is empty");
-        row("a source without end", "alarm,2024-05-03T08:15," + QByteArray(201, 'x') + ",1,1",
-            "the source is longer than 200 characters");
-        row("a class that is no number", "alarm,2024-05-03T08:15,x,one,1",
-            "the class 'one' is not a whole number from 0 to 2147483647");
-        row("a negative alarm code", "alarm,2024-05-03T08:15,x,-1,1",
-            "the class '-1' is not a whole number from 0 to 2147483647");
-        row("an unknown temperature class", "temperature,2024-05-03T08:15,x,4,1",
-            "the temperature class 4 is not in the range 0 to 3");
-        row("an unknown snapshot class", "snapshot,2024-05-03T08:15,x,3,1",
-            "the snapshot class 3 is neither 4 nor 2");
-        row("a negative count", "alarm,2024-05-03T08:15,x,1,-2",
-            "the count '-2' is not a whole number from 0 to 2147483647");
-        row("a broken count", "alarm,2024-05-03T08:15,x,1,1.5",
-            "the count '1.5' is not a whole number from 0 to 2147483647");
-        row("a count too great", "alarm,2024-05-03T08:15,x,1,2147483648",
-            "the count '2147483648' is not a whole number from 0 to 2147483647");
-        row("more minutes than an hour has", "online,2024-05-03T08,x,,61",
-            "61 minutes are more than an hour has");
-        row("minutes that are taken", "online,2024-05-03T08,ipc-111,,30",
-            "ipc-111 was already online for 40 minutes of this hour");
-        row("wrong encoding",
-            "alarm,2024-05-03T08:15,stra\xdf"
-            "e,1,1",
-            "the text is not UTF-8");
-        row("a null byte", QByteArray("alarm,2024-05-03T08:15,a\0b,1,1", 30), "the text is not UTF-8");
-        row("a line without end", QByteArray(10000, 'x'), "the line is too long");
+        addRows<QByteArray, QString>({"line", "reason"},
+            {
+                {"too few fields", "alarm,2024-05-03T08:15,x,1", "expected 5 fields, found 4"},
+                {"too many fields", "alarm,2024-05-03T08:15,x,1,1,1", "expected 5 fields, found 6"},
+                {"an unknown kind", "Alarm,2024-05-03T08:15,x,1,1",
+                    "'Alarm' is not one of alarm, online, temperature and snapshot"},
+                {"a blank for the T", "alarm,2024-05-03 08:15,x,1,1",
+                    "the time '2024-05-03 08:15' is not of the form yyyy-MM-ddThh:mm"},
+                {"a zone", "alarm,2024-05-03T08:15Z,x,1,1",
+                    "the time '2024-05-03T08:15Z' is not of the form yyyy-MM-ddThh:mm"},
+                {"a day that does not exist", "alarm,2024-02-30T08:15,x,1,1",
+                    "the time '2024-02-30T08:15' is not of the form yyyy-MM-ddThh:mm"},
+                {"an hour that does not exist", "alarm,2024-02-28T24,x,1,1",
+                    "the time '2024-02-28T24' is not of the form yyyy-MM-ddThh:mm"},
+                {"no source", "alarm,2024-05-03T08:15, ,1,1", "the source is empty"},
+                {"a source without end", "alarm,2024-05-03T08:15," + QByteArray(201, 'x') + ",1,1",
+                    "the source is longer than 200 characters"},
+                {"a class that is no number", "alarm,2024-05-03T08:15,x,one,1",
+                    "the class 'one' is not a whole number from 0 to 2147483647"},
+                {"a negative alarm code", "alarm,2024-05-03T08:15,x,-1,1",
+                    "the class '-1' is not a whole number from 0 to 2147483647"},
+                {"an unknown temperature class", "temperature,2024-05-03T08:15,x,4,1",
+                    "the temperature class 4 is not in the range 0 to 3"},
+                {"an unknown snapshot class", "snapshot,2024-05-03T08:15,x,3,1",
+                    "the snapshot class 3 is neither 4 nor 2"},
+                {"a negative count", "alarm,2024-05-03T08:15,x,1,-2",
+                    "the count '-2' is not a whole number from 0 to 2147483647"},
+                {"a broken count", "alarm,2024-05-03T08:15,x,1,1.5",
+                    "the count '1.5' is not a whole number from 0 to 2147483647"},
+                {"a count too great", "alarm,2024-05-03T08:15,x,1,2147483648",
+                    "the count '2147483648' is not a whole number from 0 to 2147483647"},
+                {"more minutes than an hour has", "online,2024-05-03T08,x,,61",
+                    "61 minutes are more than an hour has"},
+                {"minutes that are taken", "online,2024-05-03T08,ipc-111,,30",
+                    "ipc-111 was already online for 40 minutes of this hour"},
+                {"wrong encoding",
+                    "alarm,2024-05-03T08:15,stra\xdf"
+                    "e,1,1",
+                    "the text is not UTF-8"},
+                {"a null byte", QByteArray("alarm,2024-05-03T08:15,a\0b,1,1", 30), "the text is not UTF-8"},
+                {"a line without end", QByteArray(10000, 'x'), "the line is too long"},
+            });
     }
     void aWrongLineStopsTheImportAndNothingIsKept()
     {
@@ -204,9 +205,9 @@ private Q_SLOTS:
         QFETCH(QString, reason);
         const QByteArray good = "online,2024-05-03T08,ipc-111,,40\nsnapshot,2024-05-03T08:00,street-1,2,7\n";
         const QByteArray more = "alarm,2024-05-03T08:15,ipc-111-1,3,2\n";
-        const QString file = folder->filePath(QStringLiteral("events.csv"));
+        const QString file = folder->filePath(u"events.csv"_s);
         QCOMPARE(failureOf([&] { import(good + line + "\n" + more); }),
-            QStringLiteral("The file %1, line 4: %2.").arg(file, reason));
+            u"The file %1, line 4: %2."_s.arg(file, reason));
         QVERIFY(store->store.isEmpty());
         QCOMPARE(importedOrganisation(), 0);
 
@@ -214,14 +215,14 @@ private Q_SLOTS:
         QCOMPARE(report.kept, 3);
         QCOMPARE(report.leftOut, 1);
         QCOMPARE(report.reasons.size(), size_t(1));
-        QCOMPARE(report.reasons[0], QStringLiteral("line 4: ") + reason);
+        QCOMPARE(report.reasons[0], u"line 4: "_s + reason);
         QCOMPARE(
             count(Fact::Alarms, Scope::Source, store->source("ipc-111-1"), TimeUnit::Day, "2024-05-03"), 2);
     }
 
     void manyWrongLinesAreCountedButNotAllListed()
     {
-        import(QByteArray("nonsense\n").repeated(250) + "alarm,2024-05-03T08:15,ipc-111-1,3,2\n", true);
+        import("nonsense\n"_ba.repeated(250) + "alarm,2024-05-03T08:15,ipc-111-1,3,2\n", true);
         QCOMPARE(report.leftOut, 250);
         QCOMPARE(report.reasons.size(), ImportReport::mostListed);
     }
@@ -232,7 +233,7 @@ private Q_SLOTS:
         import(lines);
         const QString copy = write("kind,time,source,class,count\n" + lines, "copy.csv");
         QCOMPARE(failureOf([&] { importFile(copy); }),
-            QStringLiteral("The file %1 was already imported on 2024-05-03.").arg(copy));
+            u"The file %1 was already imported on 2024-05-03."_s.arg(copy));
         QCOMPARE(
             count(Fact::Alarms, Scope::Source, store->source("ipc-111-1"), TimeUnit::Day, "2024-05-03"), 2);
         import(lines + lines);
@@ -271,23 +272,22 @@ private Q_SLOTS:
 
     void whatIsNoFileOfEventsIsRefused_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("reason");
-
-        QTest::newRow("an empty file") << QByteArray() << QStringLiteral("The file %1 is empty.");
-        QTest::newRow("no header") << QByteArray("alarm,2024-05-03T08:15,ipc-111-1,3,2\n")
-                                   << QStringLiteral("The file %1 does not begin with the line "
-                                                     "\"kind,time,source,class,count\".");
-        QTest::newRow("another header")
-            << QByteArray("kind;time;source;class;count\n")
-            << QStringLiteral("The file %1 does not begin with the line \"kind,time,source,class,count\".");
-        QTest::newRow("a binary file") << QByteArray("\x7f"
-                                                     "ELF\0\0\1",
-            7) << QStringLiteral("The file %1 is not a text in UTF-8.");
-        QTest::newRow("UTF-16") << QByteArray("\xff\xfek\0i\0n\0d\0", 10)
-                                << QStringLiteral("The file %1 is not a text in UTF-8.");
-        QTest::newRow("a header alone") << QByteArray("kind,time,source,class,count\n\n")
-                                        << QStringLiteral("The file %1 holds no events.");
+        addRows<QByteArray, QString>({"content", "reason"},
+            {
+                {"an empty file", QByteArray(), "The file %1 is empty."},
+                {"no header", "alarm,2024-05-03T08:15,ipc-111-1,3,2\n"_ba,
+                    u"The file %1 does not begin with the line "
+                    "\"kind,time,source,class,count\"."_s},
+                {"another header", "kind;time;source;class;count\n"_ba,
+                    u"The file %1 does not begin with the line \"kind,time,source,class,count\"."_s},
+                {"a binary file",
+                    QByteArray("\x7f"
+                               "ELF\0\0\1",
+                        7),
+                    "The file %1 is not a text in UTF-8."},
+                {"UTF-16", QByteArray("\xff\xfek\0i\0n\0d\0", 10), "The file %1 is not a text in UTF-8."},
+                {"a header alone", "kind,time,source,class,count\n\n"_ba, "The file %1 holds no events."},
+            });
     }
     void whatIsNoFileOfEventsIsRefused()
     {
@@ -301,11 +301,9 @@ private Q_SLOTS:
 
     void aFolderOrNothingIsRefused()
     {
-        QCOMPARE(failureOf([&] { importFile(folder->path()); }),
-            QStringLiteral("%1 is not a file.").arg(folder->path()));
-        const QString nothing = folder->filePath(QStringLiteral("nothing.csv"));
-        QCOMPARE(
-            failureOf([&] { importFile(nothing); }), QStringLiteral("There is no file %1.").arg(nothing));
+        QCOMPARE(failureOf([&] { importFile(folder->path()); }), u"%1 is not a file."_s.arg(folder->path()));
+        const QString nothing = folder->filePath(u"nothing.csv"_s);
+        QCOMPARE(failureOf([&] { importFile(nothing); }), u"There is no file %1."_s.arg(nothing));
     }
 
     void progressIsToldInPercent()

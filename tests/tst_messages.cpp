@@ -15,6 +15,9 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+using namespace std::string_literals;
+
 namespace {
 
 using AlarmOrgasRequest = TalvixGetAlarmStatisticsOfOrgasRequestMessage;
@@ -52,51 +55,37 @@ using Query = bool (Manager::*)(Request &, Response &);
 
 static_assert(sizeof(int) == 4);
 
-#define HAS_INT_FIELD(Message, field)                                                                        \
-    static_assert(std::is_same_v<decltype(Message::field), int>, #Message " " #field)
+template <typename Field, typename Owner>
+constexpr bool isInt(Field Owner::*)
+{
+    return std::is_same_v<Field, int>;
+}
 
-HAS_INT_FIELD(AlarmOrgasRequest, userId);
-HAS_INT_FIELD(AlarmOrgasRequest, timeType);
-HAS_INT_FIELD(AlarmOrgasRequest, sortType);
-HAS_INT_FIELD(AlarmOrgasRequest, orgType);
-HAS_INT_FIELD(OnlineOrgasRequest, userId);
-HAS_INT_FIELD(OnlineOrgasRequest, timeType);
-HAS_INT_FIELD(OnlineOrgasRequest, sortType);
-HAS_INT_FIELD(OnlineOrgasRequest, orgType);
-HAS_INT_FIELD(AlarmOrgaRequest, userId);
-HAS_INT_FIELD(AlarmOrgaRequest, orgaId);
-HAS_INT_FIELD(AlarmOrgaRequest, timeType);
-HAS_INT_FIELD(AlarmOrgaRequest, orgType);
-HAS_INT_FIELD(OnlineOrgaRequest, userId);
-HAS_INT_FIELD(OnlineOrgaRequest, orgaId);
-HAS_INT_FIELD(OnlineOrgaRequest, timeType);
-HAS_INT_FIELD(OnlineOrgaRequest, orgType);
-HAS_INT_FIELD(AlarmDevicesRequest, timeType);
-HAS_INT_FIELD(AlarmDevicesRequest, sortType);
-HAS_INT_FIELD(AlarmDevicesRequest, orgaId);
-HAS_INT_FIELD(AlarmDevicesRequest, userId);
-HAS_INT_FIELD(AlarmDevicesRequest, pageIndex);
-HAS_INT_FIELD(AlarmDevicesRequest, pageSize);
-HAS_INT_FIELD(OnlineDevicesRequest, timeType);
-HAS_INT_FIELD(OnlineDevicesRequest, sortType);
-HAS_INT_FIELD(OnlineDevicesRequest, orgaId);
-HAS_INT_FIELD(OnlineDevicesRequest, userId);
-HAS_INT_FIELD(OnlineDevicesRequest, pageIndex);
-HAS_INT_FIELD(OnlineDevicesRequest, pageSize);
-HAS_INT_FIELD(AlarmDeviceRequest, timeType);
-HAS_INT_FIELD(OnlineDeviceRequest, timeType);
-HAS_INT_FIELD(AlarmDevicesResponse, curPage);
-HAS_INT_FIELD(AlarmDevicesResponse, totalPage);
-HAS_INT_FIELD(OnlineDevicesResponse, curPage);
-HAS_INT_FIELD(OnlineDevicesResponse, totalPage);
-HAS_INT_FIELD(AlarmStatisticsRecord, orgaId);
-HAS_INT_FIELD(AlarmStatisticsRecord, reservedValue);
-HAS_INT_FIELD(AlarmStatisticsRecord, alarmType);
-HAS_INT_FIELD(AlarmStatisticsRecord, count);
-HAS_INT_FIELD(OnlineStatisticsRecord, orgaId);
-HAS_INT_FIELD(OnlineStatisticsRecord, value);
+template <typename... Members>
+constexpr bool areInts(Members... members)
+{
+    return (isInt(members) && ...);
+}
 
-#undef HAS_INT_FIELD
+template <typename Request>
+constexpr bool orgasFieldsAreInts = areInts(
+    &Request::userId, &Request::timeType, &Request::sortType, &Request::orgType);
+template <typename Request>
+constexpr bool orgaFieldsAreInts = areInts(
+    &Request::userId, &Request::orgaId, &Request::timeType, &Request::orgType);
+template <typename Request>
+constexpr bool devicesFieldsAreInts = areInts(&Request::timeType, &Request::sortType, &Request::orgaId,
+    &Request::userId, &Request::pageIndex, &Request::pageSize);
+
+static_assert(orgasFieldsAreInts<AlarmOrgasRequest> && orgasFieldsAreInts<OnlineOrgasRequest>);
+static_assert(orgaFieldsAreInts<AlarmOrgaRequest> && orgaFieldsAreInts<OnlineOrgaRequest>);
+static_assert(devicesFieldsAreInts<AlarmDevicesRequest> && devicesFieldsAreInts<OnlineDevicesRequest>);
+static_assert(areInts(&AlarmDeviceRequest::timeType, &OnlineDeviceRequest::timeType));
+static_assert(areInts(&AlarmDevicesResponse::curPage, &AlarmDevicesResponse::totalPage));
+static_assert(areInts(&OnlineDevicesResponse::curPage, &OnlineDevicesResponse::totalPage));
+static_assert(areInts(&AlarmStatisticsRecord::orgaId, &AlarmStatisticsRecord::reservedValue,
+    &AlarmStatisticsRecord::alarmType, &AlarmStatisticsRecord::count));
+static_assert(areInts(&OnlineStatisticsRecord::orgaId, &OnlineStatisticsRecord::value));
 
 static_assert(std::is_same_v<decltype(AlarmStatisticsRecord::timeLabel), std::string>);
 static_assert(std::is_same_v<decltype(AlarmStatisticsRecord::uid), std::string>);
@@ -105,35 +94,33 @@ static_assert(std::is_same_v<decltype(OnlineStatisticsRecord::uid), std::string>
 
 using AlarmRows = std::vector<AlarmStatisticsRecord>;
 using OnlineRows = std::vector<OnlineStatisticsRecord>;
-static_assert(std::is_same_v<decltype(AlarmOrgasResponse::records), AlarmRows>);
-static_assert(std::is_same_v<decltype(AlarmOrgaResponse::records), AlarmRows>);
-static_assert(std::is_same_v<decltype(AlarmDevicesResponse::records), AlarmRows>);
-static_assert(std::is_same_v<decltype(AlarmDeviceResponse::records), AlarmRows>);
-static_assert(std::is_same_v<decltype(OnlineOrgasResponse::records), OnlineRows>);
-static_assert(std::is_same_v<decltype(OnlineOrgaResponse::records), OnlineRows>);
-static_assert(std::is_same_v<decltype(OnlineDevicesResponse::records), OnlineRows>);
-static_assert(std::is_same_v<decltype(OnlineDeviceResponse::records), OnlineRows>);
+template <typename Rows, typename... Responses>
+constexpr bool carryRows = (std::is_same_v<decltype(Responses::records), Rows> && ...);
+
+static_assert(
+    carryRows<AlarmRows, AlarmOrgasResponse, AlarmOrgaResponse, AlarmDevicesResponse, AlarmDeviceResponse>);
+static_assert(carryRows<OnlineRows, OnlineOrgasResponse, OnlineOrgaResponse, OnlineDevicesResponse,
+    OnlineDeviceResponse>);
 
 using Manager = KRXClientStatisticsManager;
 static_assert(std::is_base_of_v<VuKRXClientManager, Manager>);
 static_assert(std::is_same_v<decltype(&Manager::instance), Manager *(*)()>);
 static_assert(std::is_same_v<decltype(std::declval<Manager &>().getLastErrorString()), QString>);
-static_assert(std::is_same_v<decltype(&Manager::getAlarmStatisticsOfOrgas),
-    Query<Manager, AlarmOrgasRequest, AlarmOrgasResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getAlarmStatisticsOfOrga),
-    Query<Manager, AlarmOrgaRequest, AlarmOrgaResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getAlarmStatisticsOfDevices),
-    Query<Manager, AlarmDevicesRequest, AlarmDevicesResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getAlarmStatisticsOfDevice),
-    Query<Manager, AlarmDeviceRequest, AlarmDeviceResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getOnlineStatisticsOfOrgas),
-    Query<Manager, OnlineOrgasRequest, OnlineOrgasResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getOnlineStatisticsOfOrga),
-    Query<Manager, OnlineOrgaRequest, OnlineOrgaResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getOnlineStatisticsOfDevices),
-    Query<Manager, OnlineDevicesRequest, OnlineDevicesResponse>>);
-static_assert(std::is_same_v<decltype(&Manager::getOnlineStatisticsOfDevice),
-    Query<Manager, OnlineDeviceRequest, OnlineDeviceResponse>>);
+
+template <typename Request, typename Response, typename Method>
+constexpr bool asks(Method)
+{
+    return std::is_same_v<Method, Query<Manager, Request, Response>>;
+}
+
+static_assert(asks<AlarmOrgasRequest, AlarmOrgasResponse>(&Manager::getAlarmStatisticsOfOrgas));
+static_assert(asks<AlarmOrgaRequest, AlarmOrgaResponse>(&Manager::getAlarmStatisticsOfOrga));
+static_assert(asks<AlarmDevicesRequest, AlarmDevicesResponse>(&Manager::getAlarmStatisticsOfDevices));
+static_assert(asks<AlarmDeviceRequest, AlarmDeviceResponse>(&Manager::getAlarmStatisticsOfDevice));
+static_assert(asks<OnlineOrgasRequest, OnlineOrgasResponse>(&Manager::getOnlineStatisticsOfOrgas));
+static_assert(asks<OnlineOrgaRequest, OnlineOrgaResponse>(&Manager::getOnlineStatisticsOfOrga));
+static_assert(asks<OnlineDevicesRequest, OnlineDevicesResponse>(&Manager::getOnlineStatisticsOfDevices));
+static_assert(asks<OnlineDeviceRequest, OnlineDeviceResponse>(&Manager::getOnlineStatisticsOfDevice));
 
 static_assert(std::is_same_v<decltype(&KrxClient::instance), KrxClient *(*)()>);
 static_assert(std::is_same_v<decltype(&KrxClient::getChannelByUid),
@@ -162,16 +149,13 @@ template <typename Owner, typename Value>
 struct TakenByConstReference<void (Owner::*)(const Value &)> : std::true_type
 { };
 
-template <typename Message>
-constexpr bool hasSpanSetters = TakenByConstReference<decltype(&Message::setStartTime)>::value
-    &&TakenByConstReference<decltype(&Message::setEndTime)>::value;
+template <typename... Messages>
+constexpr bool haveSpanSetters = (TakenByConstReference<decltype(&Messages::setStartTime)>::value && ...)
+    && (TakenByConstReference<decltype(&Messages::setEndTime)>::value && ...);
 
+static_assert(haveSpanSetters<AlarmOrgasRequest, AlarmOrgaRequest, AlarmDevicesRequest, AlarmDeviceRequest>);
 static_assert(
-    hasSpanSetters<
-        AlarmOrgasRequest> && hasSpanSetters<AlarmOrgaRequest> && hasSpanSetters<AlarmDevicesRequest> && hasSpanSetters<AlarmDeviceRequest>);
-static_assert(
-    hasSpanSetters<
-        OnlineOrgasRequest> && hasSpanSetters<OnlineOrgaRequest> && hasSpanSetters<OnlineDevicesRequest> && hasSpanSetters<OnlineDeviceRequest>);
+    haveSpanSetters<OnlineOrgasRequest, OnlineOrgaRequest, OnlineDevicesRequest, OnlineDeviceRequest>);
 static_assert(TakenByConstReference<decltype(&AlarmOrgasRequest::setListOrg)>::value);
 static_assert(TakenByConstReference<decltype(&OnlineOrgasRequest::setListOrg)>::value);
 static_assert(TakenByConstReference<decltype(&AlarmDeviceRequest::setUID)>::value);
@@ -182,27 +166,33 @@ bool ascending(std::initializer_list<const void *> addresses)
     return std::is_sorted(addresses.begin(), addresses.end(), std::less<const void *>());
 }
 
+/// A new request says nothing, and its span is what was set.
+template <typename Request>
+void checkSpan(std::initializer_list<int> numbers)
+{
+    for (const int number : numbers)
+        QCOMPARE(number, 0);
+    Request request;
+    QVERIFY(request.startTime().empty());
+    QVERIFY(request.endTime().empty());
+    request.setStartTime("2024-05-03 00");
+    request.setEndTime("2024-05-03 17");
+    QCOMPARE(request.startTime(), "2024-05-03 00"s);
+    QCOMPARE(request.endTime(), "2024-05-03 17"s);
+}
+
 template <typename Request>
 void checkOrgasRequest()
 {
     const Request untouched;
-    QCOMPARE(untouched.userId, 0);
-    QCOMPARE(untouched.timeType, 0);
-    QCOMPARE(untouched.sortType, 0);
-    QCOMPARE(untouched.orgType, 0);
-    QVERIFY(untouched.startTime().empty());
-    QVERIFY(untouched.endTime().empty());
+    checkSpan<Request>({untouched.userId, untouched.timeType, untouched.sortType, untouched.orgType});
     QVERIFY(untouched.listOrg().empty());
     QVERIFY(ascending({&untouched.userId, &untouched.timeType, &untouched.sortType, &untouched.orgType}));
 
     Request request;
     std::vector<int> organisations = {4, -1, 2147483647};
-    request.setStartTime("2024-05");
-    request.setEndTime("2024-06");
     request.setListOrg(organisations);
     organisations.clear();
-    QCOMPARE(request.startTime(), std::string("2024-05"));
-    QCOMPARE(request.endTime(), std::string("2024-06"));
     QCOMPARE(request.listOrg(), (std::vector<int>{4, -1, 2147483647}));
     QCOMPARE(request.userId, 0);
 }
@@ -211,59 +201,28 @@ template <typename Request>
 void checkOrgaRequest()
 {
     const Request untouched;
-    QCOMPARE(untouched.userId, 0);
-    QCOMPARE(untouched.orgaId, 0);
-    QCOMPARE(untouched.timeType, 0);
-    QCOMPARE(untouched.orgType, 0);
-    QVERIFY(untouched.startTime().empty());
-    QVERIFY(untouched.endTime().empty());
+    checkSpan<Request>({untouched.userId, untouched.orgaId, untouched.timeType, untouched.orgType});
     QVERIFY(ascending({&untouched.userId, &untouched.orgaId, &untouched.timeType, &untouched.orgType}));
-
-    Request request;
-    request.setStartTime("2024-05-03 00");
-    request.setEndTime("2024-05-03 17");
-    QCOMPARE(request.startTime(), std::string("2024-05-03 00"));
-    QCOMPARE(request.endTime(), std::string("2024-05-03 17"));
 }
 
 template <typename Request>
 void checkDevicesRequest()
 {
     const Request untouched;
-    QCOMPARE(untouched.timeType, 0);
-    QCOMPARE(untouched.sortType, 0);
-    QCOMPARE(untouched.orgaId, 0);
-    QCOMPARE(untouched.userId, 0);
-    QCOMPARE(untouched.pageIndex, 0);
-    QCOMPARE(untouched.pageSize, 0);
-    QVERIFY(untouched.startTime().empty());
-    QVERIFY(untouched.endTime().empty());
+    checkSpan<Request>({untouched.timeType, untouched.sortType, untouched.orgaId, untouched.userId,
+        untouched.pageIndex, untouched.pageSize});
     QVERIFY(ascending({&untouched.timeType, &untouched.sortType, &untouched.orgaId, &untouched.userId,
         &untouched.pageIndex, &untouched.pageSize}));
-
-    Request request;
-    request.setStartTime("2024-04-26");
-    request.setEndTime("2024-05-03");
-    QCOMPARE(request.startTime(), std::string("2024-04-26"));
-    QCOMPARE(request.endTime(), std::string("2024-05-03"));
 }
 
 template <typename Request>
 void checkDeviceRequest()
 {
-    const Request untouched;
-    QCOMPARE(untouched.timeType, 0);
-    QVERIFY(untouched.startTime().empty());
-    QVERIFY(untouched.endTime().empty());
-    QVERIFY(untouched.uid().empty());
-
     Request request;
-    request.setStartTime("2024-05");
-    request.setEndTime("2024-06");
+    checkSpan<Request>({request.timeType});
+    QVERIFY(request.uid().empty());
     request.setUID("\xff\xfe not text");
-    QCOMPARE(request.startTime(), std::string("2024-05"));
-    QCOMPARE(request.endTime(), std::string("2024-06"));
-    QCOMPARE(request.uid(), std::string("\xff\xfe not text"));
+    QCOMPARE(request.uid(), "\xff\xfe not text"s);
 }
 
 template <typename Response>
@@ -344,9 +303,9 @@ private Q_SLOTS:
         response.records.push_back(row);
         const AlarmRows copy = response.records;
         response.records.clear();
-        QCOMPARE(copy.front().timeLabel, std::string("2024-05-03 08"));
+        QCOMPARE(copy.front().timeLabel, "2024-05-03 08"s);
         QCOMPARE(copy.front().orgaId, 12);
-        QCOMPARE(copy.front().uid, std::string("uid-1"));
+        QCOMPARE(copy.front().uid, "uid-1"s);
         QCOMPARE(copy.front().reservedValue, 77);
         QCOMPARE(copy.front().alarmType, -1);
         QCOMPARE(copy.front().count, 2147483647);
@@ -361,9 +320,9 @@ private Q_SLOTS:
         response.records.push_back({"2024-05", 3, "uid-2", -4});
         const OnlineRows copy = response.records;
         response.records.clear();
-        QCOMPARE(copy.front().timeLabel, std::string("2024-05"));
+        QCOMPARE(copy.front().timeLabel, "2024-05"s);
         QCOMPARE(copy.front().orgaId, 3);
-        QCOMPARE(copy.front().uid, std::string("uid-2"));
+        QCOMPARE(copy.front().uid, "uid-2"s);
         QCOMPARE(copy.front().value, -4);
     }
 
@@ -424,7 +383,7 @@ private Q_SLOTS:
     void anUnknownIdIsNull()
     {
         KrxClient *const client = KrxClient::instance();
-        for (const std::string &uid : {std::string(), std::string("nobody"), std::string("\xff")}) {
+        for (const std::string &uid : {std::string(), "nobody"s, "\xff"s}) {
             QVERIFY(!client->getChannelByUid(uid));
             QVERIFY(!client->getDevicesByUid(uid));
             QVERIFY(client->getDevNameByChannelID(uid).isEmpty());
@@ -441,25 +400,25 @@ private Q_SLOTS:
         device.set_device_name("Camera");
         device.set_device_ip("10.0.0.1");
         device.set_device_type_id(3);
-        QCOMPARE(device.get_device_name(), std::string("Camera"));
-        QCOMPARE(device.get_device_ip(), std::string("10.0.0.1"));
+        QCOMPARE(device.get_device_name(), "Camera"s);
+        QCOMPARE(device.get_device_ip(), "10.0.0.1"s);
         QCOMPARE(device.get_device_type_id(), 3);
 
         TalvixChannel channel;
         channel.set_channel_name("Door");
         channel.set_channel_ip("10.0.0.2");
         channel.set_channel_type_id(2);
-        QCOMPARE(channel.get_channel_name(), std::string("Door"));
-        QCOMPARE(channel.get_channel_ip(), std::string("10.0.0.2"));
+        QCOMPARE(channel.get_channel_name(), "Door"s);
+        QCOMPARE(channel.get_channel_ip(), "10.0.0.2"s);
         QCOMPARE(channel.get_channel_type_id(), 2);
 
         TalvixGroup group;
         group.set_group_name("Plant");
-        QCOMPARE(group.get_group_name(), std::string("Plant"));
+        QCOMPARE(group.get_group_name(), "Plant"s);
 
         TalvixAlarmType type;
         type.set_alarm_type_name("Motion");
-        QCOMPARE(type.get_alarm_type_name(), std::string("Motion"));
+        QCOMPARE(type.get_alarm_type_name(), "Motion"s);
 
         TalvixUser user;
         QCOMPARE(user.get_id(), 0);
@@ -470,7 +429,7 @@ private Q_SLOTS:
     void anUntranslatedNamePassesAsItStands()
     {
         AppTranslationHelper *const helper = AppTranslationHelper::instance();
-        QCOMPARE(helper->getStringAfterTranslation("Plant North"), QStringLiteral("Plant North"));
+        QCOMPARE(helper->getStringAfterTranslation("Plant North"), u"Plant North"_s);
         QCOMPARE(helper->getStringAfterTranslation(""), QString());
         QCOMPARE(helper->getStringAfterTranslation(nullptr), QString());
         QVERIFY(!helper->getStringAfterTranslation("\xff\xfe").isEmpty());

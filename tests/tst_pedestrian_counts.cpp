@@ -1,7 +1,5 @@
-#include "support/EventStore.h"
-#include "support/ProbePage.h"
+#include "support/StorePageTest.h"
 
-#include <devhost/client/ClientInstances.h>
 #include <page/TimeFormats.h>
 
 #include <QtWidgets/QComboBox>
@@ -10,6 +8,8 @@
 
 #include <map>
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -59,7 +59,7 @@ QStringList lineOf(const Days &days, const QDate &first, const QDate &last)
     for (QDate date = first; date <= last; date = date.addDays(1)) {
         const QString day = date.toString(Qt::ISODate);
         const auto counted = days.find(day);
-        line += QStringLiteral("%1=%2").arg(day).arg(counted == days.end() ? 0 : counted->second);
+        line += u"%1=%2"_s.arg(day).arg(counted == days.end() ? 0 : counted->second);
     }
     return line;
 }
@@ -69,7 +69,7 @@ QStringList textsOf(const List &list)
 {
     QStringList texts;
     for (const auto &entry : list)
-        texts += QStringLiteral("%1=%2").arg(entry.first).arg(entry.second);
+        texts += u"%1=%2"_s.arg(entry.first).arg(entry.second);
     return texts;
 }
 
@@ -109,14 +109,11 @@ QByteArray monthOfCounts()
 } // namespace
 
 /// Real files of counts: what they say is what pages show.
-class TestPedestrianCounts : public QObject
+class TestPedestrianCounts : public StorePageTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<EventStore> store;
-    std::unique_ptr<SqlKrxClient> client;
-    std::unique_ptr<ProbePage> page;
     Counts counts;
     QDate first;
     QDate last;
@@ -124,10 +121,7 @@ private:
     /// Shows the page of a kind, for the days of the file and its pedestrians.
     void open(int service)
     {
-        page = std::make_unique<ProbePage>(service);
-        page->resize(1136, 648);
-        page->show();
-        QVERIFY(QTest::qWaitForWindowExposed(page.get()));
+        showPageOf(service);
         QTest::mouseClick(page->part<QWidget>("personRadio"), Qt::LeftButton);
         QTest::mouseClick(page->part<QWidget>("pushButtonDay"), Qt::LeftButton);
         page->part<QLineEdit>("lineEditTime")
@@ -147,11 +141,9 @@ private:
     void checkBar(const QString &label, const Days &days)
     {
         const int sum = sumOf(days);
-        QVERIFY2(textsOf(page->barDataList2).contains(QStringLiteral("%1=%2").arg(label).arg(sum)),
-            qPrintable(QStringLiteral("%1 must be %2 in %3")
-                           .arg(label)
-                           .arg(sum)
-                           .arg(textsOf(page->barDataList2).join(QLatin1Char(' ')))));
+        QVERIFY2(textsOf(page->barDataList2).contains(u"%1=%2"_s.arg(label).arg(sum)),
+            qPrintable(
+                u"%1 must be %2 in %3"_s.arg(label).arg(sum).arg(textsOf(page->barDataList2).join(u' '))));
         if (sum == 0)
             return;
         QString key;
@@ -163,10 +155,9 @@ private:
         QCOMPARE(textsOf(page->lineDataList2), lineOf(days, first, last));
         QCOMPARE(totalOf(page->lineDataList), 0);
         QCOMPARE(totalOf(page->pieDataList), sum);
-        const QString total = sum < 1'000'000
-            ? QString::number(sum)
-            : QString::number(sum / 1e6, 'f', 2) + QStringLiteral("TK_Million");
-        QVERIFY2(page->labelPiecount->text().contains(QStringLiteral("<font> %1</font>").arg(total)),
+        const QString total =
+            sum < 1'000'000 ? QString::number(sum) : QString::number(sum / 1e6, 'f', 2) + u"TK_Million"_s;
+        QVERIFY2(page->labelPiecount->text().contains(u"<font> %1</font>"_s.arg(total)),
             qPrintable(page->labelPiecount->text()));
     }
 
@@ -182,14 +173,14 @@ private Q_SLOTS:
     {
         SKIP_WITHOUT_DATABASE();
         // Each search would write its lines.
-        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
+        QLoggingCategory::setFilterRules(u"*.debug=false"_s);
     }
 
     void init()
     {
         QFETCH_GLOBAL(QString, file);
         QTemporaryDir folder;
-        QFile written(folder.filePath(QStringLiteral("counts.csv")));
+        QFile written(folder.filePath(u"counts.csv"_s));
         if (file.isEmpty()) {
             QVERIFY(written.open(QIODevice::WriteOnly));
             QVERIFY(written.write(monthOfCounts()) > 0);
@@ -205,17 +196,12 @@ private Q_SLOTS:
 
         store = std::make_unique<EventStore>();
         QCOMPARE(store->store.importFile(file).added, static_cast<int>(counts.size()));
-        client = std::make_unique<SqlKrxClient>(store->store);
-        installKrxClient(client.get());
-        installStatisticsManager(&store->service);
+        installStore();
     }
     void cleanup()
     {
         page.reset();
-        installKrxClient(nullptr);
-        installStatisticsManager(nullptr);
-        client.reset();
-        store.reset();
+        removeStore();
         setPresentMoment({});
     }
 
@@ -239,13 +225,13 @@ private Q_SLOTS:
         const Days sums = dailySums(counts);
         open(7);
         chooseSumMode(all);
-        checkBar(QStringLiteral("All sites"), sums);
-        checkBar(QStringLiteral("Imported"), sums);
-        checkBar(QStringLiteral("Airport"), {});
+        checkBar(u"All sites"_s, sums);
+        checkBar(u"Imported"_s, sums);
+        checkBar(u"Airport"_s, {});
         QCOMPARE(totalOf(page->barDataList2), 2 * sumOf(sums));
         chooseSumMode(below);
-        checkBar(QStringLiteral("All sites"), sums);
-        checkBar(QStringLiteral("Imported"), {});
+        checkBar(u"All sites"_s, sums);
+        checkBar(u"Imported"_s, {});
         QCOMPARE(totalOf(page->barDataList2), sumOf(sums));
     }
 };

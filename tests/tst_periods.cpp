@@ -1,7 +1,10 @@
+#include "support/Rows.h"
 #include "support/TestMain.h"
 
 #include <devhost/data/Periods.h>
 #include <devhost/data/Sql.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace devdata;
 
@@ -44,20 +47,21 @@ private Q_SLOTS:
 
     void anotherFormIsRefused_data()
     {
-        QTest::addColumn<int>("timeType");
-        QTest::addColumn<QByteArray>("time");
-        QTest::newRow("empty") << 3 << QByteArray();
-        QTest::newRow("blank at the end") << 2 << QByteArray("2024-05-03 ");
-        QTest::newRow("too short") << 2 << QByteArray("2024-5-3");
-        QTest::newRow("sign") << 2 << QByteArray("+024-05-03");
-        QTest::newRow("another separator") << 2 << QByteArray("2024/05/03");
-        QTest::newRow("null byte") << 1 << QByteArray("2024-0\0", 7);
-        QTest::newRow("other digits") << 1 << QByteArray("\xd9\xa2\xd9\xa0\xd9\xa2\xd9\xa4-\xd9\xa0\xd9\xa5");
-        QTest::newRow("invalid UTF-8") << 1 << QByteArray("\xff\xfe\xff\xfe-05");
-        QTest::newRow("minutes") << 3 << QByteArray("2024-05-03 00:00");
-        QTest::newRow("day 0") << 2 << QByteArray("2024-05-00");
-        QTest::newRow("day 31 of a short month") << 2 << QByteArray("2024-04-31");
-        QTest::newRow("hour 24") << 3 << QByteArray("2024-05-03 24");
+        addRows<int, QByteArray>({"timeType", "time"},
+            {
+                {"empty", 3, QByteArray()},
+                {"blank at the end", 2, "2024-05-03 "},
+                {"too short", 2, "2024-5-3"},
+                {"sign", 2, "+024-05-03"},
+                {"another separator", 2, "2024/05/03"},
+                {"null byte", 1, QByteArray("2024-0\0", 7)},
+                {"other digits", 1, "\xd9\xa2\xd9\xa0\xd9\xa2\xd9\xa4-\xd9\xa0\xd9\xa5"_ba},
+                {"invalid UTF-8", 1, "\xff\xfe\xff\xfe-05"_ba},
+                {"minutes", 3, "2024-05-03 00:00"},
+                {"day 0", 2, "2024-05-00"},
+                {"day 31 of a short month", 2, "2024-04-31"},
+                {"hour 24", 3, "2024-05-03 24"},
+            });
     }
     void anotherFormIsRefused()
     {

@@ -9,6 +9,8 @@
 #include <memory>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 using namespace devdata;
 
 namespace {
@@ -92,14 +94,13 @@ private Q_SLOTS:
         const RecordingSink sink = eventsOf(between("2024-05-02 08:00", "2024-05-02 09:00"));
         QStringList snapshots;
         for (const SnapshotEvent &snapshot : sink.snapshots)
-            snapshots += QStringLiteral("%1 %2 %3 %4")
-                             .arg(snapshot.at.stored())
+            snapshots += u"%1 %2 %3 %4"_s.arg(snapshot.at.stored())
                              .arg(snapshot.source)
                              .arg(snapshot.snapClass)
                              .arg(snapshot.count);
         QVERIFY(snapshots.size() > 20);
-        QCOMPARE(snapshots.mid(0, 3).join(QStringLiteral(", ")),
-            QStringLiteral("202405020815 2 4 11, 202405020814 2 2 18, 202405020804 5 4 1"));
+        QCOMPARE(snapshots.mid(0, 3).join(u", "_s),
+            u"202405020815 2 4 11, 202405020814 2 2 18, 202405020804 5 4 1"_s);
     }
 
     void anotherSeedGivesOthers()
@@ -302,7 +303,7 @@ private Q_SLOTS:
     {
         QStringList told;
         store->store.generate(between("2024-05-01 23:00", "2024-05-03 01:00"),
-            [&](int done, int total) { told += QStringLiteral("%1/%2").arg(done).arg(total); });
+            [&](int done, int total) { told += u"%1/%2"_s.arg(done).arg(total); });
         QCOMPARE(told, (QStringList{"1/3", "2/3", "3/3"}));
     }
 

@@ -10,6 +10,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kindsOfStatistics = 9;
@@ -33,8 +35,7 @@ int setting(const char *variable, int otherwise)
 
 QString growth(const char *what, qint64 before, qint64 after, int times)
 {
-    return QStringLiteral("%1 %2: from %3 to %4 bytes, %5 each")
-        .arg(times)
+    return u"%1 %2: from %3 to %4 bytes, %5 each"_s.arg(times)
         .arg(QLatin1String(what))
         .arg(before)
         .arg(after)
@@ -49,10 +50,8 @@ void saveInFileDialog(QObject &watch, const QString &file)
         if (!dialog)
             return saveInFileDialog(watch, file);
         dialog->setOption(QFileDialog::DontConfirmOverwrite);
-        dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(file);
-        dialog->findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"))
-            ->button(QDialogButtonBox::Save)
-            ->click();
+        dialog->findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(file);
+        dialog->findChild<QDialogButtonBox *>(u"buttonBox"_s)->button(QDialogButtonBox::Save)->click();
     });
 }
 
@@ -101,7 +100,7 @@ private:
     void exportPage(ProbePage &page)
     {
         QObject watch;
-        saveInFileDialog(watch, folder.filePath(QStringLiteral("page.pdf")));
+        saveInFileDialog(watch, folder.filePath(u"page.pdf"_s));
         QVERIFY(page.createPdf());
     }
 
@@ -117,6 +116,30 @@ private:
         page->hide();
         scene->forgetCalls();
         forgetRequests(scene->manager);
+    }
+
+    /// Runs the step until all is warm and then \a times more, after each of which nothing may be left.
+    template <typename Step>
+    void leavesNothing(const QString &what, int untilWarm, int times, const Step &step)
+    {
+        QMap<QString, int> objects;
+        qint64 bytes = 0;
+        for (int i = 0; i < untilWarm + times; ++i) {
+            if (i == untilWarm) {
+                objects = LiveObjects::byClass();
+                bytes = LiveObjects::allocatedBytes();
+            }
+            step(i);
+            settle();
+            if (i >= untilWarm) {
+                const QString left = LiveObjects::difference(objects, LiveObjects::byClass());
+                QVERIFY2(left.isEmpty(), qUtf8Printable(u"%1 %2: %3"_s.arg(what).arg(i).arg(left)));
+            }
+        }
+        const qint64 now = LiveObjects::allocatedBytes();
+        figures = growth(qPrintable(what + 's'), bytes, now, times);
+        if (bytes >= 0)
+            QVERIFY(now - bytes <= bytesOfSway + times * bytesPerCycle);
     }
 
 private Q_SLOTS:
@@ -139,65 +162,28 @@ private Q_SLOTS:
         figures.clear();
     }
 
-    void aCycleLeavesNothingBehind();
-    void reloadsLeaveNothingBehind();
-    void aLeftBehindObjectIsNoticed();
+    void aCycleLeavesNothingBehind()
+    {
+        const int cycles = setting("TALVIX_SOAK_CYCLES", cyclesByDefault);
+        leavesNothing(u"cycle"_s, cyclesUntilWarm, cycles,
+            [this](int cycle) { oneCycle(1 + cycle % kindsOfStatistics); });
+    }
+
+    void reloadsLeaveNothingBehind()
+    {
+        const int reloads = setting("TALVIX_SOAK_RELOADS", reloadsByDefault);
+        const std::unique_ptr<ProbePage> page = opened(9);
+        QCOMPARE(page->barChartView->chart()->animationOptions(), QChart::SeriesAnimations);
+        leavesNothing(u"reload"_s, reloadsUntilWarm, reloads, [&page](int) { page->loadChart(); });
+    }
+
+    void aLeftBehindObjectIsNoticed()
+    {
+        const QMap<QString, int> before = LiveObjects::byClass();
+        QTimer left;
+        QCOMPARE(LiveObjects::difference(before, LiveObjects::byClass()), u"QTimer +1"_s);
+    }
 };
-
-void SoakTest::aCycleLeavesNothingBehind()
-{
-    const int cycles = setting("TALVIX_SOAK_CYCLES", cyclesByDefault);
-    QMap<QString, int> objects;
-    qint64 bytes = 0;
-    for (int cycle = 0; cycle < cyclesUntilWarm + cycles; ++cycle) {
-        if (cycle == cyclesUntilWarm) {
-            objects = LiveObjects::byClass();
-            bytes = LiveObjects::allocatedBytes();
-        }
-        oneCycle(1 + cycle % kindsOfStatistics);
-        settle();
-        if (cycle >= cyclesUntilWarm) {
-            const QString left = LiveObjects::difference(objects, LiveObjects::byClass());
-            QVERIFY2(left.isEmpty(), qUtf8Printable(QStringLiteral("cycle %1: %2").arg(cycle).arg(left)));
-        }
-    }
-    const qint64 now = LiveObjects::allocatedBytes();
-    figures = growth("cycles", bytes, now, cycles);
-    if (bytes >= 0)
-        QVERIFY(now - bytes <= bytesOfSway + cycles * bytesPerCycle);
-}
-
-void SoakTest::reloadsLeaveNothingBehind()
-{
-    const int reloads = setting("TALVIX_SOAK_RELOADS", reloadsByDefault);
-    const std::unique_ptr<ProbePage> page = opened(9);
-    QCOMPARE(page->barChartView->chart()->animationOptions(), QChart::SeriesAnimations);
-    QMap<QString, int> objects;
-    qint64 bytes = 0;
-    for (int reload = 0; reload < reloadsUntilWarm + reloads; ++reload) {
-        if (reload == reloadsUntilWarm) {
-            objects = LiveObjects::byClass();
-            bytes = LiveObjects::allocatedBytes();
-        }
-        page->loadChart();
-        settle();
-        if (reload >= reloadsUntilWarm) {
-            const QString left = LiveObjects::difference(objects, LiveObjects::byClass());
-            QVERIFY2(left.isEmpty(), qUtf8Printable(QStringLiteral("reload %1: %2").arg(reload).arg(left)));
-        }
-    }
-    const qint64 now = LiveObjects::allocatedBytes();
-    figures = growth("reloads", bytes, now, reloads);
-    if (bytes >= 0)
-        QVERIFY(now - bytes <= bytesOfSway + reloads * bytesPerCycle);
-}
-
-void SoakTest::aLeftBehindObjectIsNoticed()
-{
-    const QMap<QString, int> before = LiveObjects::byClass();
-    QTimer left;
-    QCOMPARE(LiveObjects::difference(before, LiveObjects::byClass()), QStringLiteral("QTimer +1"));
-}
 
 TALVIX_TEST_MAIN(SoakTest)
 

@@ -1,7 +1,5 @@
-#include "support/EventStore.h"
-#include "support/ProbePage.h"
+#include "support/StorePageTest.h"
 
-#include <devhost/client/ClientInstances.h>
 #include <TalvixWidgets/ZrComboBoxWithTree.h>
 #include <TalvixWidgets/ZrTreeView.h>
 
@@ -10,6 +8,8 @@
 #include <map>
 #include <memory>
 #include <numeric>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -41,6 +41,13 @@ int valueOf(const List &list, const QString &label)
     return -1;
 }
 
+template <typename Item>
+int countOf(const std::vector<Item> &items)
+{
+    return std::accumulate(
+        items.begin(), items.end(), 0, [](int sum, const Item &item) { return sum + item.count; });
+}
+
 /// Minor types of each major type of a class.
 std::map<int, int> sumsByMajor(const std::vector<SnapDetailMajorItem> &items)
 {
@@ -54,14 +61,11 @@ std::map<int, int> sumsByMajor(const std::vector<SnapDetailMajorItem> &items)
 } // namespace
 
 /// Whatever organisation, sum mode and unit is chosen: what a bar shows is what its line and its pie show.
-class TestStoreTotals : public QObject
+class TestStoreTotals : public StorePageTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<EventStore> store;
-    std::unique_ptr<SqlKrxClient> client;
-    std::unique_ptr<ProbePage> page;
     int barsSeen = 0;
 
     /// Calls \a look for each organisation of the tree, made current in each of the three sum modes.
@@ -78,7 +82,7 @@ private:
                 QVERIFY(tree->getCurrentItemData(node));
                 page->setBarList(std::vector<AlarmStatisticsRecord>());
                 page->slotSearch();
-                look(QStringLiteral("organisation %1, mode %2").arg(node.id).arg(mode));
+                look(u"organisation %1, mode %2"_s.arg(node.id).arg(mode));
             });
         }
     }
@@ -107,10 +111,7 @@ private:
 
     void open(int service)
     {
-        page = std::make_unique<ProbePage>(service);
-        page->resize(1136, 648);
-        page->show();
-        QVERIFY(QTest::qWaitForWindowExposed(page.get()));
+        showPageOf(service);
         barsSeen = 0;
     }
 
@@ -119,25 +120,17 @@ private Q_SLOTS:
     {
         SKIP_WITHOUT_DATABASE();
         // Thousands of searches would fill the log.
-        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
+        QLoggingCategory::setFilterRules(u"*.debug=false"_s);
         setPresentMoment({});
         store = std::make_unique<EventStore>();
-        client = std::make_unique<SqlKrxClient>(store->store);
-        installKrxClient(client.get());
-        installStatisticsManager(&store->service);
+        installStore();
         devdata::SampleOptions options;
         options.seed = 3;
         options.from = minute("2024-05-02 15:00");
         options.to = devdata::Minute(testMoment());
         store->store.generate(options);
     }
-    void cleanupTestCase()
-    {
-        installKrxClient(nullptr);
-        installStatisticsManager(nullptr);
-        client.reset();
-        store.reset();
-    }
+    void cleanupTestCase() { removeStore(); }
     void cleanup() { page.reset(); }
 
     void alarmsAddUpOnThePage()
@@ -233,10 +226,7 @@ private Q_SLOTS:
                 drill.groupId = group.id;
                 TalvixGetTemperatureStatisticsOfGroupResponseMessage line;
                 QVERIFY(store->service.getTemperatureStatisticsOfGroup(drill, line));
-                int points = 0;
-                for (const TemperatureStatisticsItem &item : line.statisticsList)
-                    points += item.count;
-                QCOMPARE(points, group.count);
+                QCOMPARE(countOf(line.statisticsList), group.count);
 
                 auto pie = inSpan<TalvixGetTempStatisticsDistributionOfGroupsRequestMessage>(
                     3, "2024-05-03 00", "2024-05-03 17");
@@ -244,10 +234,7 @@ private Q_SLOTS:
                 pie.queryType = 2;
                 TalvixGetTempStatisticsDistributionOfGroupsResponseMessage slices;
                 QVERIFY(store->service.getTempStatisticsDistributionOfGroups(pie, slices));
-                int classes = 0;
-                for (const TempDistributionItem &item : slices.byEtiologyList)
-                    classes += item.count;
-                QCOMPARE(classes, group.count);
+                QCOMPARE(countOf(slices.byEtiologyList), group.count);
             }
         }
     }
@@ -267,10 +254,7 @@ private Q_SLOTS:
             drill.personId = person.id;
             TalvixGetTemperatureStatisticsOfPersonResponseMessage line;
             QVERIFY(store->service.getTemperatureStatisticsOfPerson(drill, line));
-            int points = 0;
-            for (const TemperatureStatisticsItem &item : line.statisticsList)
-                points += item.count;
-            QCOMPARE(points, person.count);
+            QCOMPARE(countOf(line.statisticsList), person.count);
         }
     }
 
@@ -295,9 +279,8 @@ private Q_SLOTS:
                     devdata::parseTimeRange(2, "2024-05-01", "2024-05-31"),
                     devdata::parseTimeRange(1, "2024-05", "2024-05")}) {
                 devdata::Statement counts(store->store.connection(),
-                    QStringLiteral("SELECT SUM(count) FROM figure WHERE scope = 1 AND %1 AND bucket BETWEEN "
-                                   "? AND ?")
-                        .arg(QLatin1String(check.counts)));
+                    u"SELECT SUM(count) FROM figure WHERE scope = 1 AND %1 AND bucket BETWEEN "
+                    "? AND ?"_s.arg(QLatin1String(check.counts)));
                 QCOMPARE(counts.execute(range).single(), expected);
             }
         }

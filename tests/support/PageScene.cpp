@@ -3,50 +3,19 @@
 #include <TalvixWidgets/ZrComboBoxWithTree.h>
 #include <TalvixWidgets/ZrTreeView.h>
 
+#include <QtCore/QRegularExpression>
 #include <QtTest/QtTest>
+
+#include <algorithm>
 
 namespace {
 
-AlarmStatisticsRecord alarmOf(int organisation, const char *uid, int count)
+/// Makes a paged operation answer \a items on each page that it is asked for, of \a totalPages.
+template <typename Operation, typename Rows, typename Member>
+void answerPages(Operation &operation, const Rows &rows, Member list, const int &totalPages)
 {
-    AlarmStatisticsRecord record;
-    record.orgaId = organisation;
-    record.uid = uid;
-    record.count = count;
-    return record;
-}
-
-AlarmStatisticsRecord alarmAt(const char *period, int type, int count)
-{
-    AlarmStatisticsRecord record;
-    record.timeLabel = period;
-    record.alarmType = type;
-    record.count = count;
-    return record;
-}
-
-OnlineStatisticsRecord onlineOf(int organisation, const char *uid, int value)
-{
-    OnlineStatisticsRecord record;
-    record.orgaId = organisation;
-    record.uid = uid;
-    record.value = value;
-    return record;
-}
-
-OnlineStatisticsRecord onlineAt(const char *period, int value)
-{
-    OnlineStatisticsRecord record;
-    record.timeLabel = period;
-    record.value = value;
-    return record;
-}
-
-template <typename Operation, typename Response>
-void answersPages(Operation &operation, const Response &rows, const int &totalPages)
-{
-    operation.answer = [rows, &totalPages](const auto &request, Response &response) {
-        response = rows;
+    operation.answer = [rows, list, &totalPages](const auto &request, auto &response) {
+        response.*list = rows;
         response.curPage = request.pageIndex;
         response.totalPage = totalPages;
         return true;
@@ -54,6 +23,12 @@ void answersPages(Operation &operation, const Response &rows, const int &totalPa
 }
 
 } // namespace
+
+void Backend::forgetCalls()
+{
+    client.calls.clear();
+    manager.calls.clear();
+}
 
 PageScene::PageScene()
 {
@@ -65,83 +40,52 @@ PageScene::PageScene()
     client.addAlarmType(1, "Motion");
     client.addAlarmType(2, "Tamper");
 
-    TalvixGetAlarmStatisticsOfOrgasResponseMessage alarmsOfOrgas;
-    alarmsOfOrgas.records = {alarmOf(1, "", 5), alarmOf(2, "", 9), alarmOf(3, "", 7)};
-    manager.alarmStatisticsOfOrgas.answers(alarmsOfOrgas);
+    answerRows(manager.alarmStatisticsOfOrgas,
+        {alarmsOfOrganisation(1, 5), alarmsOfOrganisation(2, 9), alarmsOfOrganisation(3, 7)});
+    const std::vector<AlarmStatisticsRecord> alarmDevices = {
+        alarmsOfDevice("gate", 4), alarmsOfDevice("yard", 8)};
+    answerPages(manager.alarmStatisticsOfDevices, alarmDevices,
+        &TalvixGetAlarmStatisticsOfDevicesResponseMessage::records, totalPages);
+    const std::vector<AlarmStatisticsRecord> alarmPeriods = {
+        alarmsOfPeriod("2024-05-03 01", 1, 3), alarmsOfPeriod("2024-05-03 02", 2, 2)};
+    answerRows(manager.alarmStatisticsOfOrga, alarmPeriods);
+    answerRows(manager.alarmStatisticsOfDevice, alarmPeriods);
 
-    TalvixGetAlarmStatisticsOfOrgaResponseMessage alarmsOfOrga;
-    alarmsOfOrga.records = {alarmAt("2024-05-03 01", 1, 3), alarmAt("2024-05-03 02", 2, 2)};
-    manager.alarmStatisticsOfOrga.answers(alarmsOfOrga);
+    answerRows(manager.onlineStatisticsOfOrgas,
+        {onlineOfOrganisation(1, 5), onlineOfOrganisation(2, 9), onlineOfOrganisation(3, 7)});
+    const std::vector<OnlineStatisticsRecord> onlineDevices = {
+        onlineOfDevice("gate", 4), onlineOfDevice("yard", 8)};
+    answerPages(manager.onlineStatisticsOfDevices, onlineDevices,
+        &TalvixGetOnlineStatisticsOfDevicesResponseMessage::records, totalPages);
+    const std::vector<OnlineStatisticsRecord> onlinePeriods = {
+        onlineOfPeriod("2024-05-03 01", 3), onlineOfPeriod("2024-05-03 02", 2)};
+    answerRows(manager.onlineStatisticsOfOrga, onlinePeriods);
+    answerRows(manager.onlineStatisticsOfDevice, onlinePeriods);
 
-    TalvixGetAlarmStatisticsOfDevicesResponseMessage alarmsOfDevices;
-    alarmsOfDevices.records = {alarmOf(0, "gate", 4), alarmOf(0, "yard", 8)};
-    answersPages(manager.alarmStatisticsOfDevices, alarmsOfDevices, totalPages);
-
-    TalvixGetAlarmStatisticsOfDeviceResponseMessage alarmsOfDevice;
-    alarmsOfDevice.records = alarmsOfOrga.records;
-    manager.alarmStatisticsOfDevice.answers(alarmsOfDevice);
-
-    TalvixGetOnlineStatisticsOfOrgasResponseMessage onlineOfOrgas;
-    onlineOfOrgas.records = {onlineOf(1, "", 5), onlineOf(2, "", 9), onlineOf(3, "", 7)};
-    manager.onlineStatisticsOfOrgas.answers(onlineOfOrgas);
-
-    TalvixGetOnlineStatisticsOfOrgaResponseMessage onlineOfOrga;
-    onlineOfOrga.records = {onlineAt("2024-05-03 01", 3), onlineAt("2024-05-03 02", 2)};
-    manager.onlineStatisticsOfOrga.answers(onlineOfOrga);
-
-    TalvixGetOnlineStatisticsOfDevicesResponseMessage onlineOfDevices;
-    onlineOfDevices.records = {onlineOf(0, "gate", 4), onlineOf(0, "yard", 8)};
-    answersPages(manager.onlineStatisticsOfDevices, onlineOfDevices, totalPages);
-
-    TalvixGetOnlineStatisticsOfDeviceResponseMessage onlineOfDevice;
-    onlineOfDevice.records = onlineOfOrga.records;
-    manager.onlineStatisticsOfDevice.answers(onlineOfDevice);
-
-    TalvixGetTemperatureStatisticsOfGroupsResponseMessage groups;
-    groups.statisticsList = {{11, "Kitchen", 4}, {12, "Office", 8}};
-    manager.temperatureStatisticsOfGroups.answers(groups);
-
-    TalvixGetTemperatureStatisticsOfGroupResponseMessage group;
-    group.statisticsList = {{0, "2024-05-03 01", 4}};
-    manager.temperatureStatisticsOfGroup.answers(group);
-
-    TalvixGetTemperatureStatisticsOfPersonsResponseMessage persons;
-    persons.statisticsList = {{21, "Ann", 4}, {22, "Ben", 8}};
-    answersPages(manager.temperatureStatisticsOfPersons, persons, totalPages);
-
-    TalvixGetTemperatureStatisticsOfPersonResponseMessage person;
-    person.statisticsList = {{1, "2024-05-03 01", 4}};
-    manager.temperatureStatisticsOfPerson.answers(person);
+    answerItems(manager.temperatureStatisticsOfGroups, {{11, "Kitchen", 4}, {12, "Office", 8}});
+    answerItems(manager.temperatureStatisticsOfGroup, {{0, "2024-05-03 01", 4}});
+    const std::vector<TemperatureStatisticsItem> persons = {{21, "Ann", 4}, {22, "Ben", 8}};
+    answerPages(manager.temperatureStatisticsOfPersons, persons,
+        &TalvixGetTemperatureStatisticsOfPersonsResponseMessage::statisticsList, totalPages);
+    answerItems(manager.temperatureStatisticsOfPerson, {{1, "2024-05-03 01", 4}});
 
     TalvixGetTempStatisticsDistributionOfGroupsResponseMessage groupDistribution;
     groupDistribution.byNumberList = {{1, 4}};
     groupDistribution.byEtiologyList = {{1, 3}};
     manager.tempStatisticsDistributionOfGroups.answers(groupDistribution);
-
-    TalvixGetTempAlarmHandleStatisticsOfOrgaResponseMessage handling;
-    handling.handleList = {{2, 4, "2024-05-03 01"}, {0, 3, "2024-05-03 01"}};
-    manager.tempAlarmHandleStatistics.answers(handling);
-
     TalvixGetTempStatisticsDistributionOfOrgasResponseMessage distribution;
     distribution.byTemperatureList = {{1, 4}};
     distribution.byMaskList = {{1, 3}};
     manager.temperatureOfDevice.answers(distribution);
+    answerHandling(manager, {{2, 4, "2024-05-03 01"}, {0, 3, "2024-05-03 01"}});
 
-    TalvixGetSnapSamplesResponseMessage samples;
-    samples.snapSampleList = {{"2024-05-03 01", {{"gate", {{4, 6, 0}, {2, 5, 0}}}}}};
-    manager.snapSamplesResource.answers(samples);
-
+    answerSamples(manager, {{"2024-05-03 01", {{"gate", {{4, 6, 0}, {2, 5, 0}}}}}});
     TalvixGetSnapDetailSamplesResponseMessage details;
     details.snapDetailList = {{1, {{1, 6}}}, {2, {{1, 4}}}};
     manager.snapDetailSamples.answers(details);
-
-    TalvixGetSnapDetailSamplesOfOrgasResponseMessage trafficsOfOrgas;
-    trafficsOfOrgas.snapOrgaList = {{1, "", {{4, 6, 0}, {2, 5, 0}}}, {2, "", {{4, 2, 0}, {2, 3, 0}}}};
-    manager.trafficsStatisticsOfOrgas.answers(trafficsOfOrgas);
-
-    TalvixGetSnapDetailSamplesOfOrgaResponseMessage trafficsOfOrga;
-    trafficsOfOrga.snapOrgaList = {{0, "2024-05-03 01", {{4, 6, 0}, {2, 5, 0}}}};
-    manager.trafficsStatisticsOfOrga.answers(trafficsOfOrga);
+    answerOrgas(manager.trafficsStatisticsOfOrgas,
+        {{1, "", {{4, 6, 0}, {2, 5, 0}}}, {2, "", {{4, 2, 0}, {2, 3, 0}}}});
+    answerOrgas(manager.trafficsStatisticsOfOrga, {{0, "2024-05-03 01", {{4, 6, 0}, {2, 5, 0}}}});
 }
 
 QStringList PageScene::wholeLevelCalls() const
@@ -153,12 +97,6 @@ QStringList PageScene::wholeLevelCalls() const
             QStringLiteral("getTemperatureStatisticsOfPersons"),
             QStringLiteral("getTrafficsStatisticsOfOrgas"), QStringLiteral("getSnapSamplesResource"),
             QStringLiteral("getTempAlarmHandleStatistics")});
-}
-
-void PageScene::forgetCalls()
-{
-    client.calls.clear();
-    manager.calls.clear();
 }
 
 void PageScene::fillTreeWithoutCurrent(ProbePage &page)
@@ -229,4 +167,98 @@ QStringList onlyLines(const QStringList &lines, const QStringList &wanted)
             found.append(line);
     }
     return found;
+}
+
+QString StatisticsScene::smallTree()
+{
+    return QStringLiteral("41 Company\n"
+                          "  42 Plant North\n"
+                          "  43 Plant South\n");
+}
+
+StatisticsScene::StatisticsScene(int type, const QString &tree)
+    : page(type == 5 || type == 6 ? 1 : type)
+{
+    client.setTree(tree);
+    page.show();
+    page.setServiceType(type);
+    forget();
+}
+
+void StatisticsScene::forget()
+{
+    page.tips.clear();
+    client.calls.clear();
+    forgetRequests(manager);
+}
+
+int StatisticsScene::queryWholeLevel()
+{
+    switch (page.m_serviceType) {
+    case 5:
+        return page.getTemperatureOfGroups();
+    case 6:
+        return page.getTemperatureOfPersons();
+    case 7:
+        return page.getTrafficsStatisticsOfOrgas();
+    case 8:
+        return page.getTrafficsStatisticsOfDevice();
+    case 9:
+        return page.getTemperatureStatisticsOfDevGroups();
+    default:
+        return 0;
+    }
+}
+
+void StatisticsScene::press(const char *button)
+{
+    QTest::mouseClick(page.part<QWidget>(button), Qt::LeftButton);
+}
+
+QStringList StatisticsScene::tips() const
+{
+    QStringList shown;
+    for (const ProbePage::Tip &tip : page.tips)
+        shown.append(QStringLiteral("%1 %2").arg(tip.kind).arg(tip.text));
+    return shown;
+}
+
+DualValues StatisticsScene::dual(const LabelledValues &first, const LabelledValues &second)
+{
+    DualValues both;
+    for (qsizetype i = 0; i < qMax(first.size(), second.size()); ++i) {
+        const auto [label, value] = first.value(i, {QStringLiteral("missing"), 0});
+        const auto [label2, value2] = second.value(i, {QStringLiteral("missing"), 0});
+        both.append({label == label2 ? label : label + QStringLiteral(" against ") + label2, value, value2});
+    }
+    return both;
+}
+
+QStringList linesStartingWith(const LogCapture &log, const QStringList &starts)
+{
+    QStringList found;
+    const QStringList lines = log.lines();
+    for (const QString &line : lines) {
+        const bool wanted = std::any_of(
+            starts.cbegin(), starts.cend(), [&line](const QString &start) { return line.startsWith(start); });
+        if (wanted)
+            found.append(line);
+    }
+    return found;
+}
+
+int countOfReasonLines(const LogCapture &log, const QString &words, const QString &reason)
+{
+    const QRegularExpression pattern(
+        QStringLiteral("\\A%1 ?\"?%2\"?\\z")
+            .arg(QRegularExpression::escape(words), QRegularExpression::escape(reason)));
+    return static_cast<int>(log.lines().filter(pattern).size());
+}
+
+QList<std::pair<int, int>> pairs(const std::vector<TempDistributionItem> &items)
+{
+    QList<std::pair<int, int>> list;
+    for (const TempDistributionItem &item : items)
+        list.append({item.code, item.count});
+    return list;
 }

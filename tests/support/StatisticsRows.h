@@ -4,54 +4,36 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 inline AlarmStatisticsRecord alarmsOfOrganisation(int orgaId, int count)
 {
-    AlarmStatisticsRecord row;
-    row.orgaId = orgaId;
-    row.count = count;
-    return row;
+    return {{}, orgaId, {}, 0, 0, count};
 }
 
 inline AlarmStatisticsRecord alarmsOfDevice(const std::string &uid, int count)
 {
-    AlarmStatisticsRecord row;
-    row.uid = uid;
-    row.count = count;
-    return row;
+    return {{}, 0, uid, 0, 0, count};
 }
 
 inline AlarmStatisticsRecord alarmsOfPeriod(const std::string &label, int alarmType, int count)
 {
-    AlarmStatisticsRecord row;
-    row.timeLabel = label;
-    row.alarmType = alarmType;
-    row.count = count;
-    return row;
+    return {label, 0, {}, 0, alarmType, count};
 }
 
 inline OnlineStatisticsRecord onlineOfOrganisation(int orgaId, int value)
 {
-    OnlineStatisticsRecord row;
-    row.orgaId = orgaId;
-    row.value = value;
-    return row;
+    return {{}, orgaId, {}, value};
 }
 
 inline OnlineStatisticsRecord onlineOfDevice(const std::string &uid, int value)
 {
-    OnlineStatisticsRecord row;
-    row.uid = uid;
-    row.value = value;
-    return row;
+    return {{}, 0, uid, value};
 }
 
 inline OnlineStatisticsRecord onlineOfPeriod(const std::string &label, int value)
 {
-    OnlineStatisticsRecord row;
-    row.timeLabel = label;
-    row.value = value;
-    return row;
+    return {label, 0, {}, value};
 }
 
 /// The operation succeeds with these rows from now on.
@@ -89,12 +71,44 @@ void answerEveryPage(ScriptedStatisticsManager::Operation<Request, Response> &op
     };
 }
 
-/// The operation refuses, though it has filled the response with \a response.
+/// Makes an operation of temperature figures answer \a items.
 template <typename Request, typename Response>
-void refuseWith(ScriptedStatisticsManager::Operation<Request, Response> &operation, const Response &response)
+void answerItems(ScriptedStatisticsManager::Operation<Request, Response> &operation,
+    std::vector<TemperatureStatisticsItem> items)
 {
-    operation.answer = [response](const Request &, Response &out) {
-        out = response;
-        return false;
-    };
+    Response response;
+    response.statisticsList = std::move(items);
+    operation.answers(response);
 }
+
+/// Makes the paged operation of persons answer \a items as page \a curPage of \a totalPage.
+void answerPersons(ScriptedStatisticsManager &manager, std::vector<TemperatureStatisticsItem> items,
+    int totalPage = 1, int curPage = 1);
+
+/// Makes an operation of organisations' snapshots answer \a items.
+template <typename Request, typename Response>
+void answerOrgas(
+    ScriptedStatisticsManager::Operation<Request, Response> &operation, std::vector<SnapOrgaItem> items)
+{
+    Response response;
+    response.snapOrgaList = std::move(items);
+    operation.answers(response);
+}
+
+/// Makes the query for snapshots of all channels answer \a samples.
+void answerSamples(ScriptedStatisticsManager &manager, std::vector<SnapTimeSample> samples);
+
+/// Makes the query for minor types answer by class: vehicles (4) and pedestrians (2).
+void answerDetails(ScriptedStatisticsManager &manager, std::vector<SnapDetailMajorItem> vehicles,
+    std::vector<SnapDetailMajorItem> pedestrians);
+
+/// Makes the distribution of a group answer each query type with its own list alone.
+void answerGroupDistribution(ScriptedStatisticsManager &manager, std::vector<TempDistributionItem> byEtiology,
+    std::vector<TempDistributionItem> byNumber);
+
+/// Makes the distribution of device groups answer each query type with its own list alone.
+void answerOrgaDistribution(ScriptedStatisticsManager &manager,
+    std::vector<TempDistributionItem> byTemperature, std::vector<TempDistributionItem> byMask);
+
+/// Makes the query for alarm handling answer \a records.
+void answerHandling(ScriptedStatisticsManager &manager, std::vector<TempAlarmHandleItem> records);

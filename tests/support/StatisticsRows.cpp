@@ -1,84 +1,4 @@
-#include "StatisticsScene.h"
-
-#include <QtCore/QRegularExpression>
-#include <QtTest/QtTest>
-
-#include <algorithm>
-
-QString StatisticsScene::smallTree()
-{
-    return QStringLiteral("41 Company\n"
-                          "  42 Plant North\n"
-                          "  43 Plant South\n");
-}
-
-StatisticsScene::StatisticsScene(int type, const QString &tree)
-    : page(type == 5 || type == 6 ? 1 : type)
-{
-    client.setTree(tree);
-    page.show();
-    page.setServiceType(type);
-    forget();
-}
-
-void StatisticsScene::forget()
-{
-    page.tips.clear();
-    client.calls.clear();
-    forgetRequests(manager);
-}
-
-int StatisticsScene::queryWholeLevel()
-{
-    switch (page.m_serviceType) {
-    case 5:
-        return page.getTemperatureOfGroups();
-    case 6:
-        return page.getTemperatureOfPersons();
-    case 7:
-        return page.getTrafficsStatisticsOfOrgas();
-    case 8:
-        return page.getTrafficsStatisticsOfDevice();
-    case 9:
-        return page.getTemperatureStatisticsOfDevGroups();
-    default:
-        return 0;
-    }
-}
-
-void StatisticsScene::press(const char *button)
-{
-    QTest::mouseClick(page.part<QWidget>(button), Qt::LeftButton);
-}
-
-QStringList StatisticsScene::tips() const
-{
-    QStringList shown;
-    for (const ProbePage::Tip &tip : page.tips)
-        shown.append(QStringLiteral("%1 %2").arg(tip.kind).arg(tip.text));
-    return shown;
-}
-
-QStringList linesStartingWith(const LogCapture &log, const QStringList &starts)
-{
-    QStringList found;
-    const QStringList lines = log.lines();
-    for (const QString &line : lines) {
-        const bool wanted = std::any_of(
-            starts.cbegin(), starts.cend(), [&line](const QString &start) { return line.startsWith(start); });
-        if (wanted)
-            found.append(line);
-    }
-    return found;
-}
-
-int countOfReasonLines(const LogCapture &log, const QString &words, const QString &reason)
-{
-    const QRegularExpression pattern(
-        QStringLiteral("\\A%1 ?\"?%2\"?\\z")
-            .arg(QRegularExpression::escape(words), QRegularExpression::escape(reason)));
-    return static_cast<int>(log.lines().filter(pattern).size());
-}
+#include "StatisticsRows.h"
 
 void answerPersons(ScriptedStatisticsManager &manager, std::vector<TemperatureStatisticsItem> items,
     int totalPage, int curPage)
@@ -143,12 +63,4 @@ void answerHandling(ScriptedStatisticsManager &manager, std::vector<TempAlarmHan
     TalvixGetTempAlarmHandleStatisticsOfOrgaResponseMessage response;
     response.handleList = std::move(records);
     manager.tempAlarmHandleStatistics.answers(response);
-}
-
-QList<std::pair<int, int>> pairs(const std::vector<TempDistributionItem> &items)
-{
-    QList<std::pair<int, int>> list;
-    for (const TempDistributionItem &item : items)
-        list.append({item.code, item.count});
-    return list;
 }
