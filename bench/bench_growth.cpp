@@ -132,12 +132,3 @@ BENCHMARK(fillChannels)->Arg(100)->Arg(1000)->Arg(10000);
 BENCHMARK(sortBars)->Arg(1000)->Arg(10000)->Arg(100000);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    TestApplication application(argc, argv);
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -263,8 +263,8 @@ private Q_SLOTS:
         const auto *host = stage.page.part<QWidget>("widgetBarChart");
         QCOMPARE(previous->objectName(), u"pushButtonPrevious"_s);
         QCOMPARE(next->objectName(), u"pushButtonNext"_s);
-        QCOMPARE(previous->toolTip(), text("TK_PreviousPage"));
-        QCOMPARE(next->toolTip(), text("TK_NextPage"));
+        QCOMPARE(previous->toolTip(), ChartProbe::text("TK_PreviousPage"));
+        QCOMPARE(next->toolTip(), ChartProbe::text("TK_NextPage"));
         QVERIFY(!next->toolTip().isEmpty());
         for (const ZrPushButton *button : {previous, next}) {
             QCOMPARE(button->minimumSize(), QSize(48, 64));
@@ -842,11 +842,12 @@ private Q_SLOTS:
         for (const char *language : {"", "en"}) {
             QVERIFY(HostSettings::setLanguage(language));
             const auto reset = qScopeGuard([] { HostSettings::setLanguage({}); });
-            QCOMPARE(text(first) == first, *language == 0);
+            QCOMPARE(ChartProbe::text(first) == first, *language == 0);
             ChartStage stage(type);
             stage.page.loadChart();
             QCOMPARE(items(stage.page.comboBoxPie),
-                (QList<std::pair<QString, int>>{{text(first), firstMode}, {text(second), secondMode}}));
+                (QList<std::pair<QString, int>>{
+                    {ChartProbe::text(first), firstMode}, {ChartProbe::text(second), secondMode}}));
             QCOMPARE(stage.page.comboBoxPie->currentIndex(), 0);
         }
     }
@@ -882,7 +883,8 @@ private Q_SLOTS:
         for (int i = 0; i < 2; ++i) {
             stage.page.loadChart();
             QCOMPARE(items(stage.page.comboBoxPie),
-                (QList<std::pair<QString, int>>{{text("TK_ByTemperature"), 1}, {text("TK_ByMask"), 2}}));
+                (QList<std::pair<QString, int>>{
+                    {ChartProbe::text("TK_ByTemperature"), 1}, {ChartProbe::text("TK_ByMask"), 2}}));
             QTEST(stage.page.comboBoxPie->currentIndex(), "kept");
         }
     }
@@ -1218,7 +1220,7 @@ private Q_SLOTS:
 
     void largestValue_data()
     {
-        table<QList<int>, int>({"list", "largest"},
+        table<QList<int>, int>({"list", "expected"},
             {{"of nothing", {}, 0}, {"of one", {7}, 7}, {"in the middle", {3, 90, 12}, 90},
                 {"at the start", {90, 3, 12}, 90}, {"all below zero", {-5, -3, -9}, -3},
                 {"both ends of int", {std::numeric_limits<int>::max(), std::numeric_limits<int>::min()},
@@ -1229,13 +1231,13 @@ private Q_SLOTS:
     void largestValue()
     {
         QFETCH(QList<int>, list);
-        QFETCH(int, largest);
+        QFETCH(int, expected);
         ChartStage stage(1);
         const QList<int> before = list;
         LogCapture log;
-        QCOMPARE(stage.page.getMaxValue(list), largest);
+        QCOMPARE(stage.page.getMaxValue(list), expected);
         QCOMPARE(list, before);
-        QCOMPARE(log.lines(), (QStringList{u"BasicChart::getMaxValue  %1"_s.arg(largest)}));
+        QCOMPARE(log.lines(), (QStringList{u"BasicChart::getMaxValue  %1"_s.arg(expected)}));
     }
 
     void largestValueLeavesTheMutexFree()
@@ -1437,9 +1439,10 @@ private Q_SLOTS:
             series<QLineSeries>(page.lineChartView->chart(), 0)->points(), (QList<QPointF>{{0, 6}, {1, 1}}));
         QCOMPARE(
             series<QLineSeries>(page.lineChartView->chart(), 1)->points(), (QList<QPointF>{{0, 2}, {1, 0}}));
-        QCOMPARE(series<QLineSeries>(page.lineChartView->chart(), 0)->name(), text("TK_AlarmAccepted"));
+        QCOMPARE(series<QLineSeries>(page.lineChartView->chart(), 0)->name(),
+            ChartProbe::text("TK_AlarmAccepted"));
         QCOMPARE(series<QPieSeries>(page.pieChartView->chart())->slices().constFirst()->label(),
-            text("TK_NormalTemperature") + u" |  75.0% 30"_s);
+            ChartProbe::text("TK_NormalTemperature") + u" |  75.0% 30"_s);
     }
 
     void failedQueryKeepsTheViews()

@@ -151,12 +151,7 @@ class TestForm : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        setPresentMoment({});
-        HostSettings::setLanguage({});
-        HostSettings::setDateOrder(HostSettings::DateOrder::YearFirst);
-    }
+    void init() { resetHostSettings(); }
 
     void cleanup() { HostSettings::setLanguage({}); }
 

@@ -90,12 +90,7 @@ class TestTimeSpan : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        setPresentMoment({});
-        HostSettings::setLanguage({});
-        HostSettings::setDateOrder(HostSettings::DateOrder::YearFirst);
-    }
+    void init() { resetHostSettings(); }
 
     void cleanup() { HostSettings::setDateOrder(HostSettings::DateOrder::YearFirst); }
 

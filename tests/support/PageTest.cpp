@@ -2,8 +2,6 @@
 
 #include "TestMain.h"
 
-#include <devhost/widgets/HostSettings.h>
-
 bool PageTest::open(std::unique_ptr<ProbePage> newPage)
 {
     page = std::move(newPage);
@@ -44,7 +42,5 @@ void PageTest::cleanup()
     page.reset();
     service.reset();
     client.reset();
-    HostSettings::setLanguage({});
-    HostSettings::setDateOrder(HostSettings::DateOrder::YearFirst);
-    setPresentMoment({});
+    resetHostSettings();
 }

@@ -1,5 +1,6 @@
 #include "TestMain.h"
 
+#include <devhost/widgets/HostSettings.h>
 #include <page/Clock.h>
 
 #include <QtGui/QFont>
@@ -54,4 +55,11 @@ QDateTime testMoment()
 void setPresentMoment(const QDateTime &moment)
 {
     qApp->setProperty(Clock::currentTimeProperty, moment.isValid() ? moment : testMoment());
+}
+
+void resetHostSettings()
+{
+    setPresentMoment({});
+    HostSettings::setLanguage({});
+    HostSettings::setDateOrder(HostSettings::DateOrder::YearFirst);
 }

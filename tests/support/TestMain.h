@@ -22,6 +22,8 @@ private:
 QDateTime testMoment();
 /// Makes \a moment the present; an invalid one brings back `testMoment()`.
 void setPresentMoment(const QDateTime &moment);
+/// The moment of the tests, no language, and dates by year first.
+void resetHostSettings();
 
 #define TALVIX_TEST_MAIN(TestClass)                                                                          \
     int main(int argc, char **argv)                                                                          \
