@@ -1095,11 +1095,16 @@ void tst_devhost::theGeometryIsKept()
     host.show();
     const QSize screen = host.window->screen()->availableSize();
     QCOMPARE(host.window->size(), QSize(1800, 960).boundedTo(screen - QSize(0, 36)));
-    host.window->resize(1400, 860);
+    // Qt 6.11 makes a window as small as the screen when it restores it, and this one is wider from the
+    // start.
+    const QSize kept(host.window->minimumWidth(), 760);
+    QVERIFY(kept != host.window->size());
+    host.window->resize(kept);
+    QCOMPARE(host.window->size(), kept);
     QVERIFY(host.window->close());
     host.window.reset();
     host.show();
-    QCOMPARE(host.window->size(), QSize(1400, 860));
+    QCOMPARE(host.window->size(), kept);
 }
 
 void tst_devhost::controlAndQClose()
