@@ -30,7 +30,7 @@ inline const QString search = QStringLiteral("BasicChart::slotSearch ");
 inline const QString combo = QStringLiteral("BasicChart::comboDataExists");
 inline const QString load = QStringLiteral("BasicChart::slotOrgaInfoLoad");
 inline const QString loadFailed = QStringLiteral("BasicChart::slotOrgaInfoLoad  addTreeView fail");
-}
+} // namespace written
 
 /// The client and the service behind pages under test.
 class Backend
