@@ -12,6 +12,8 @@
 #include <TalvixWidgets/ZrComboBoxWithTree.h>
 #include <TalvixWidgets/ZrTreeView.h>
 
+#include <QtWidgets/QLineEdit>
+
 #include <limits>
 #include <type_traits>
 

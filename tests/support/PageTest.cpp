@@ -2,6 +2,10 @@
 
 #include "TestMain.h"
 
+#include <QtCore/QSignalBlocker>
+#include <QtTest/QtTest>
+#include <QtWidgets/QLineEdit>
+
 bool PageTest::open(std::unique_ptr<ProbePage> newPage)
 {
     page = std::move(newPage);
