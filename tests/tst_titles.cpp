@@ -3,6 +3,7 @@
 #include "support/TitleKeys.h"
 
 #include <devhost/widgets/HostSettings.h>
+#include <page/Texts.h>
 #include <TalvixWidgets/ZrPushButton.h>
 
 #include <limits>
@@ -201,6 +202,16 @@ private Q_SLOTS:
             stage.page.part<QLabel>(label)->setText(title(stage.page, label));
         QCoreApplication::processEvents();
         QCOMPARE(stage.page.minimumSizeHint().width(), before);
+    }
+
+    // A character beyond the first plane takes two places; half of one is no text.
+    void longNamesAreCutBetweenCharacters()
+    {
+        const QString face = QString::fromUtf8("\xF0\x9F\x99\x82");
+        const QString start(999, u'x');
+        QCOMPARE(Texts::inRichText(start + face), start);
+        QCOMPARE(Texts::inRichText(start.left(998) + face + u'x'), start.left(998) + face);
+        QCOMPARE(Texts::inRichText(start + u"xyz"_s), start + u'x');
     }
 
     void timeStandsToTheLetter()
