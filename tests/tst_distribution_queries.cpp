@@ -4,6 +4,8 @@
 
 #include <devhost/widgets/HostSettings.h>
 
+#include <QtWidgets/QComboBox>
+
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;

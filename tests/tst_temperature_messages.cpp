@@ -2,11 +2,11 @@
 #include "support/Rows.h"
 #include "support/TestMain.h"
 
+#include <QtWidgets/QComboBox>
+
 #include <functional>
 #include <initializer_list>
 #include <type_traits>
-
-#include <QtWidgets/QComboBox>
 
 using namespace Qt::StringLiterals;
 
