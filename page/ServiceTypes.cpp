@@ -2,11 +2,8 @@
 
 #include "Codes.h"
 
-// The first row is that of any other number.
-std::array<BasicChart::ServiceTypeRow, 10> BasicChart::ServiceTypeRow::rows()
+void BasicChart::ServiceTypeRow::setAlarmRows(Rows &rows)
 {
-    std::array<ServiceTypeRow, 10> rows;
-
     ServiceTypeRow alarms;
     alarms.figures = Figures::Alarm;
     alarms.lineTitleKey = "TK_AlarmStatisticsOfNum";
@@ -26,7 +23,10 @@ std::array<BasicChart::ServiceTypeRow, 10> BasicChart::ServiceTypeRow::rows()
     alarmsOfDevices.firstSeriesKey = "TK_IPC";
     alarmsOfDevices.secondSeriesKey = "TK_NVRAndDVR";
     alarmsOfDevices.barTitleKey = "TK_AlarmStatisticsOfDevices";
+}
 
+void BasicChart::ServiceTypeRow::setOnlineRows(Rows &rows)
+{
     ServiceTypeRow online;
     online.figures = Figures::Online;
     online.lineTitleKey = "TK_OnlineStatisticsOfNum";
@@ -48,7 +48,10 @@ std::array<BasicChart::ServiceTypeRow, 10> BasicChart::ServiceTypeRow::rows()
     onlineOfDevices.firstSeriesKey = "TK_IPC";
     onlineOfDevices.secondSeriesKey = "TK_NVRAndDVR";
     onlineOfDevices.barTitleKey = "TK_OnlineStatisticsOfDevices";
+}
 
+void BasicChart::ServiceTypeRow::setTemperatureRows(Rows &rows)
+{
     ServiceTypeRow temperature;
     temperature.traits = StartsByDays;
     temperature.axisRule = AxisRule::Digit;
@@ -69,7 +72,10 @@ std::array<BasicChart::ServiceTypeRow, 10> BasicChart::ServiceTypeRow::rows()
     temperatureOfPersons.drillDown = &BasicChart::getTemperatureOfPerson;
     temperatureOfPersons.traits |= Paged | SumModeHidden;
     temperatureOfPersons.barTitleKey = "TK_TemperatureStatisticsOfPersons";
+}
 
+void BasicChart::ServiceTypeRow::setTrafficRows(Rows &rows)
+{
     ServiceTypeRow traffic;
     traffic.traits = HasTree | SnapClasses;
     traffic.series = Series::Two;
@@ -88,7 +94,10 @@ std::array<BasicChart::ServiceTypeRow, 10> BasicChart::ServiceTypeRow::rows()
     trafficOfDevices.query = &BasicChart::getTrafficsStatisticsOfDevice;
     trafficOfDevices.drillDown = &BasicChart::drillIntoChannel;
     trafficOfDevices.traits |= SumModeHidden;
+}
 
+void BasicChart::ServiceTypeRow::setDeviceGroupRow(Rows &rows)
+{
     ServiceTypeRow &deviceGroups = rows[Codes::TemperatureStatisticsOfDevGroups];
     deviceGroups.query = &BasicChart::getTemperatureStatisticsOfDevGroups;
     deviceGroups.drillDown = &BasicChart::drillIntoDeviceGroup;
@@ -105,13 +114,22 @@ std::array<BasicChart::ServiceTypeRow, 10> BasicChart::ServiceTypeRow::rows()
     deviceGroups.barTitleKey = "TK_TemperatureStatisticsOfDevGroups";
     deviceGroups.lineTitleKey = "TK_TemperatureStatisticsOfNum";
     deviceGroups.pieTitleKey = "TK_StatisticalDistributionOfBodytemperatureSnapshot";
+}
 
+BasicChart::ServiceTypeRow::Rows BasicChart::ServiceTypeRow::allRows()
+{
+    Rows rows;
+    setAlarmRows(rows);
+    setOnlineRows(rows);
+    setTemperatureRows(rows);
+    setTrafficRows(rows);
+    setDeviceGroupRow(rows);
     return rows;
 }
 
 const BasicChart::ServiceTypeRow &BasicChart::ServiceTypeRow::of(int serviceType)
 {
-    static const std::array<ServiceTypeRow, 10> known = rows();
+    static const Rows known = allRows();
     const bool isKnown = serviceType >= Codes::AlarmStatisticsOfOrgas
         && serviceType <= Codes::TemperatureStatisticsOfDevGroups;
     return known[isKnown ? static_cast<std::size_t>(serviceType) : 0];

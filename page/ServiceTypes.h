@@ -67,7 +67,14 @@ struct BasicChart::ServiceTypeRow
     static const ServiceTypeRow &of(int serviceType);
 
 private:
-    static std::array<ServiceTypeRow, 10> rows();
+    /// By number; the first row is that of any other one.
+    using Rows = std::array<ServiceTypeRow, 10>;
+    static Rows allRows();
+    static void setAlarmRows(Rows &rows);
+    static void setOnlineRows(Rows &rows);
+    static void setTemperatureRows(Rows &rows);
+    static void setTrafficRows(Rows &rows);
+    static void setDeviceGroupRow(Rows &rows);
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(BasicChart::ServiceTypeRow::Traits)
