@@ -1,9 +1,9 @@
 #include "support/LogCapture.h"
 #include "support/LogLines.h"
 #include "support/PageTest.h"
-#include "support/Rows.h"
 #include "support/StatisticsRows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <devhost/client/ClientInstances.h>
 #include <devhost/widgets/HostSettings.h>
@@ -811,7 +811,7 @@ private Q_SLOTS:
             "BasicChart::clearPieAndLineChartData", "linedatalist*", " piedatalist *"};
         const QStringList devices = {"BasicChart::getOrgaID *", "BasicChart::compareCondition",
             "BasicChart::getOrgaID *", "BasicChart::setPageInfo*"};
-        addRows<int, QStringList>({"type", "lines"},
+        table<int, QStringList>({"type", "lines"},
             {
                 {"alarms of organisations", 1,
                     QStringList{"BasicChart::getAlarmOfOrgas", "BasicChart::getOrgaIDList*",
@@ -970,7 +970,7 @@ private Q_SLOTS:
 
     void aDeviceIsAskedOnlyForASpanOfTwoParts_data()
     {
-        addRows<QString>({"text"},
+        table<QString>({"text"},
             {
                 {"no parts at all", ""},
                 {"one part", "2024-05-03 00"},
@@ -1025,7 +1025,7 @@ private Q_SLOTS:
 
     void rowsThatNobodyKnowsStillCountAsSuccess_data()
     {
-        addRows<int, QString>({"type", "line"},
+        table<int, QString>({"type", "line"},
             {
                 {"alarms of devices", 2, " BasicChart::setBarList  barDataList is empty"},
                 {"online figures of devices", 4, " setOnlineBarList  barDataList is empty"},

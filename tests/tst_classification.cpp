@@ -1,6 +1,6 @@
 #include "support/PageScene.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <devhost/widgets/HostSettings.h>
 #include <TalvixWidgets/AppLanguageTr.h>
@@ -108,7 +108,7 @@ private Q_SLOTS:
 
     void slicesOfTemperatureAndMask_data()
     {
-        addRows<bool, Pairs, LabelledValues>({"mask", "codesAndCounts", "pie"},
+        table<bool, Pairs, LabelledValues>({"mask", "codesAndCounts", "pie"},
             {
                 {"temperature 0", false, {{0, 5}}, {{"TK_NormalTemperature", 5}}},
                 {"temperature 1", false, {{1, 5}}, {{"TK_OvertemperatureOfHighTemperature", 5}}},
@@ -160,7 +160,7 @@ private Q_SLOTS:
 
     void slicesOfEtiology_data()
     {
-        addRows<Pairs, LabelledValues>({"codesAndCounts", "pie"},
+        table<Pairs, LabelledValues>({"codesAndCounts", "pie"},
             {
                 {"the label is the count and not the code", {{5, 10}}, {{"10", 10}}},
                 {"equal counts share a slice", {{5, 10}, {6, 10}}, {{"10", 20}}},
@@ -187,7 +187,7 @@ private Q_SLOTS:
 
     void slicesOfNumber_data()
     {
-        addRows<Pairs, int, int>({"abnormalAndTotal", "abnormal", "normal"},
+        table<Pairs, int, int>({"abnormalAndTotal", "abnormal", "normal"},
             {
                 {"nothing is 0 and 0", {}, 0, 0},
                 {"all records add up", {{2, 10}, {1, 5}}, 3, 12},
@@ -242,7 +242,7 @@ private Q_SLOTS:
 
     void labelsAreInTheLanguageOfTheMoment_data()
     {
-        addRows<QString, QStringList>({"filler", "keys"},
+        table<QString, QStringList>({"filler", "keys"},
             {
                 {"temperature", "temperature",
                     {"TK_NormalTemperature", "TK_OvertemperatureOfHighTemperature", "TK_LowTemp",
@@ -304,7 +304,7 @@ private Q_SLOTS:
 
     void sumsOfOtherMinorTypes_data()
     {
-        addRows<QList<int>, LabelledValues>({"counts", "pie"},
+        table<QList<int>, LabelledValues>({"counts", "pie"},
             {
                 {"two unknown ones are one slice", {2, 3}, {{"TK_Other", 5}}},
                 {"zeros make none", {0, 0}, {}},
@@ -338,7 +338,7 @@ private Q_SLOTS:
 
     void aMajorTypeThatIsMissingEmptiesThePie_data()
     {
-        addRows<int>({"count"}, {{"among other major types", 2}, {"in an empty list", 0}});
+        table<int>({"count"}, {{"among other major types", 2}, {"in an empty list", 0}});
     }
 
     void aMajorTypeThatIsMissingEmptiesThePie()
@@ -362,7 +362,7 @@ private Q_SLOTS:
 
     void twoSeriesAndTheirNames_data()
     {
-        addRows<int, QStringList>({"type", "names"},
+        table<int, QStringList>({"type", "names"},
             {
                 {"traffics of organisations", 7, {"TK_Vehicle", "TK_Pedestrian"}},
                 {"traffics of devices", 8, {"TK_Vehicle", "TK_Pedestrian"}},
@@ -417,7 +417,7 @@ private Q_SLOTS:
 
     void deviceGroupsKeepTheirMode_data()
     {
-        addRows<int, int, LabelledValues>({"before", "after", "pie"},
+        table<int, int, LabelledValues>({"before", "after", "pie"},
             {
                 {"temperature", 0, 0, {{"TK_NormalTemperature", 11}}},
                 {"mask", 1, 1, {{"TK_MaskWeared", 12}}},
@@ -444,7 +444,7 @@ private Q_SLOTS:
     {
         const KnownMajor first = knownMajor();
         const KnownMajor second = knownMajor(first.type);
-        addRows<QByteArray, QList<int>>({"button", "types"},
+        table<QByteArray, QList<int>>({"button", "types"},
             {
                 {"of vehicles", "carRadio", {second.type, 987654, first.type}},
                 {"of pedestrians", "personRadio", {first.type}},
@@ -472,7 +472,7 @@ private Q_SLOTS:
 
     void theModeIsReadFromTheItemsData_data()
     {
-        addRows<int, int, LabelledValues>({"type", "data", "pie"},
+        table<int, int, LabelledValues>({"type", "data", "pie"},
             {
                 {"group, data 2", 5, 2, {{"30", 30}}},
                 {"group, data 1", 5, 1, {{"TK_Normal", 2}, {"TK_Abnormal", 1}}},
@@ -523,7 +523,7 @@ private Q_SLOTS:
 
     void coloursOfDeviceGroupsFollowTheName_data()
     {
-        addRows<QString, QString>({"key", "themeKey"},
+        table<QString, QString>({"key", "themeKey"},
             {
                 {"normal", "TK_NormalTemperature", "$word_normaltemp"},
                 {"high", "TK_OvertemperatureOfHighTemperature", "$word_overtemp"},

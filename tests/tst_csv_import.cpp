@@ -1,5 +1,5 @@
 #include "support/EventStore.h"
-#include "support/Rows.h"
+#include "support/TestTable.h"
 
 #include <devhost/data/CsvLine.h>
 #include <devhost/data/TemperatureStatistics.h>
@@ -156,7 +156,7 @@ private Q_SLOTS:
 
     void aWrongLineStopsTheImportAndNothingIsKept_data()
     {
-        addRows<QByteArray, QString>({"line", "reason"},
+        table<QByteArray, QString>({"line", "reason"},
             {
                 {"too few fields", "alarm,2024-05-03T08:15,x,1", "expected 5 fields, found 4"},
                 {"too many fields", "alarm,2024-05-03T08:15,x,1,1,1", "expected 5 fields, found 6"},
@@ -272,7 +272,7 @@ private Q_SLOTS:
 
     void whatIsNoFileOfEventsIsRefused_data()
     {
-        addRows<QByteArray, QString>({"content", "reason"},
+        table<QByteArray, QString>({"content", "reason"},
             {
                 {"an empty file", QByteArray(), "The file %1 is empty."},
                 {"no header", "alarm,2024-05-03T08:15,ipc-111-1,3,2\n"_ba,

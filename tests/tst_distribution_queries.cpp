@@ -1,6 +1,6 @@
 #include "support/PageScene.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <devhost/widgets/HostSettings.h>
 
@@ -43,7 +43,7 @@ void chooseMode(StatisticsScene &scene, int data)
 /// The kinds whose bars keep two distributions: groups and device groups.
 void addBothKinds()
 {
-    addRows<int>({"type"}, {{"groups", 5}, {"device groups", 9}});
+    table<int>({"type"}, {{"groups", 5}, {"device groups", 9}});
 }
 
 /// What is kept of the query types 1 and 2.
@@ -161,7 +161,7 @@ private Q_SLOTS:
 
     void aGroupsDistributionLogsOnlyItsEnd_data()
     {
-        addRows<int, bool, QString>({"queryType", "empty", "line"},
+        table<int, bool, QString>({"queryType", "empty", "line"},
             {
                 {"etiology with records", 2, false, groupDistribution + " success"},
                 {"etiology without records", 2, true, groupDistribution + " records is empty"},
@@ -187,7 +187,7 @@ private Q_SLOTS:
 
     void aRefusedGroupsDistributionTellsTheUserAndKeepsTheLastAnswer_data()
     {
-        addRows<int>({"queryType"}, {{"number", 1}, {"etiology", 2}});
+        table<int>({"queryType"}, {{"number", 1}, {"etiology", 2}});
     }
 
     void aRefusedGroupsDistributionTellsTheUserAndKeepsTheLastAnswer()
@@ -236,7 +236,7 @@ private Q_SLOTS:
 
     void oneDistributionIsEnoughForThePie_data()
     {
-        addRows<bool, LabelledValues>({"etiology", "pie"},
+        table<bool, LabelledValues>({"etiology", "pie"},
             {
                 {"etiology alone fills the pie", true, {{"30", 30}}},
                 {"number alone passes, and there is no slice by etiology", false, {}},
@@ -471,7 +471,7 @@ private Q_SLOTS:
 
     void barsOfAnOrganisation_data()
     {
-        addRows<Pairs, int, int>({"statesAndCounts", "accepted", "unaccepted"},
+        table<Pairs, int, int>({"statesAndCounts", "accepted", "unaccepted"},
             {
                 {"state 2 is accepted", {{2, 4}}, 4, 0},
                 {"state 0 is not accepted", {{0, 4}}, 0, 4},
@@ -604,7 +604,7 @@ private Q_SLOTS:
 
     void pointsOfARecord_data()
     {
-        addRows<int, int, int>({"state", "accepted", "unaccepted"},
+        table<int, int, int>({"state", "accepted", "unaccepted"},
             {
                 {"state 2 is accepted", 2, 8, 0},
                 {"state 0 is not accepted", 0, 0, 8},
@@ -646,7 +646,7 @@ private Q_SLOTS:
 
     void aRefusedDeviceDistributionIsLoggedAlone_data()
     {
-        addRows<int>({"queryType"}, {{"temperature", 1}, {"mask", 2}});
+        table<int>({"queryType"}, {{"temperature", 1}, {"mask", 2}});
     }
 
     void aRefusedDeviceDistributionIsLoggedAlone()
@@ -739,7 +739,7 @@ private Q_SLOTS:
     void theModeChoosesThePie_data()
     {
         const Pairs some = {{1, 11}};
-        addRows<int, Pairs, Pairs, LabelledValues>({"mode", "temperature", "mask", "pie"},
+        table<int, Pairs, Pairs, LabelledValues>({"mode", "temperature", "mask", "pie"},
             {
                 {"mode 1 shows temperature", 1, some, some, {{"TK_OvertemperatureOfHighTemperature", 11}}},
                 {"mode 2 shows mask", 2, some, some, {{"TK_MaskWeared", 11}}},

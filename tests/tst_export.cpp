@@ -1,6 +1,6 @@
 #include "support/PageScene.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 #include "support/TextRecorder.h"
 
 #include <devhost/widgets/HostSettings.h>
@@ -367,7 +367,7 @@ private Q_SLOTS:
 
     void layoutsOfTheDialog_data()
     {
-        addRows<QString, QStringList>({"layout", "items"},
+        table<QString, QStringList>({"layout", "items"},
             {
                 {"the dialog", "verticalLayout", {"verticalLayout_2"}},
                 {"from top to bottom", "verticalLayout_2",
@@ -423,7 +423,7 @@ private Q_SLOTS:
 
     void textsOfTheDialog_data()
     {
-        addRows<QByteArray, QByteArray, QString, int>({"widget", "use", "key", "capital"},
+        table<QByteArray, QByteArray, QString, int>({"widget", "use", "key", "capital"},
             {
                 {"the title", "labelTitle", "text", "TK_Export", 1},
                 {"the word before the modes", "labelMode", "text", "TK_ExportMode", 1},
@@ -508,7 +508,7 @@ private Q_SLOTS:
 
     void buttonsCloseTheDialogAndThenAnswer_data()
     {
-        addRows<QByteArray, int>({"button", "code"},
+        table<QByteArray, int>({"button", "code"},
             {
                 {"OK", "pushButtonOK", 1},
                 {"cancel", "pushButtonCancel", 0},
@@ -564,7 +564,7 @@ private Q_SLOTS:
 
     void marginsOfTheDialog_data()
     {
-        addRows<QString, QMargins>({"layout", "margins"},
+        table<QString, QMargins>({"layout", "margins"},
             {
                 {"the title", "horizontalLayout_5", QMargins(-1, 0, 10, -1)},
                 {"the buttons", "horizontalLayout_8", QMargins(-1, -1, 10, -1)},
@@ -584,7 +584,7 @@ private Q_SLOTS:
     }
 
     // Pages without the dialog
-    void aPageExportsWithoutModeDialogAndWaitCursor_data() { addTypes({1, 2, 3, 4, 5, 6, 7, 8}); }
+    void aPageExportsWithoutModeDialogAndWaitCursor_data() { kinds({1, 2, 3, 4, 5, 6, 7, 8}); }
 
     void aPageExportsWithoutModeDialogAndWaitCursor()
     {
@@ -608,7 +608,7 @@ private Q_SLOTS:
 
     void theFileDialogProposesANameWithoutSuffix_data()
     {
-        addRows<QDateTime, QString>({"moment", "name"},
+        table<QDateTime, QString>({"moment", "name"},
             {
                 {"the afternoon", testMoment(), "StatisticCharts_2024-05-03 17-20-30"},
                 {"the night of a leap day", QDateTime(QDate(2024, 2, 29), QTime(3, 4, 5)),
@@ -651,7 +651,7 @@ private Q_SLOTS:
 
     void theNameDecidesTheSuffix_data()
     {
-        addRows<QString, QString>({"typed", "written"},
+        table<QString, QString>({"typed", "written"},
             {
                 {"no suffix gets one", "report", "report.pdf"},
                 {"the suffix stays", "report.pdf", "report.pdf"},
@@ -748,7 +748,7 @@ private Q_SLOTS:
 
     void aPlaceThatCannotBeWrittenIsNotNoticed_data()
     {
-        addRows<QString>({"place"},
+        table<QString>({"place"},
             {
                 {"a directory that is not there", "missing/report"},
                 {"a directory that is a file", "file/report"},
@@ -822,7 +822,7 @@ private Q_SLOTS:
     // The picture
     void theSheetHoldsOnePictureOfThePage_data()
     {
-        addRows<QSize>(
+        table<QSize>(
             {"size"}, {{"a page in its first size", QSize(1136, 648)}, {"a wide page", QSize(1500, 700)}});
     }
 
@@ -876,7 +876,7 @@ private Q_SLOTS:
 
     void thePictureShowsThePageAsItStands_data()
     {
-        addRows<bool>({"charts"}, {{"with charts", true}, {"without charts", false}});
+        table<bool>({"charts"}, {{"with charts", true}, {"without charts", false}});
     }
 
     void thePictureShowsThePageAsItStands()
@@ -1021,7 +1021,7 @@ private Q_SLOTS:
 
     void aDismissedModeDialogDoesNothing_data()
     {
-        addRows<QByteArray>({"way"},
+        table<QByteArray>({"way"},
             {
                 {"cancel", "pushButtonCancel"},
                 {"close", "pushButtonClose"},

@@ -1,6 +1,6 @@
 #include "support/PageScene.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <devhost/widgets/HostSettings.h>
 #include <TalvixWidgets/AppLanguageTr.h>
@@ -99,7 +99,7 @@ private Q_SLOTS:
 
     void cleanup() { HostSettings::setLanguage({}); }
 
-    void nodesOfKindsWithTree_data() { addTypes(typesWithTree); }
+    void nodesOfKindsWithTree_data() { kinds(typesWithTree); }
 
     void nodesOfKindsWithTree()
     {
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QCOMPARE(writtenLines(log), QStringList());
     }
 
-    void nodesOfOtherKindsStay_data() { addTypes(typesWithoutTree); }
+    void nodesOfOtherKindsStay_data() { kinds(typesWithoutTree); }
 
     void nodesOfOtherKindsStay()
     {
@@ -281,7 +281,7 @@ private Q_SLOTS:
 
     void loadWithoutRootFails_data()
     {
-        addRows<bool>({"withView"},
+        table<bool>({"withView"},
             {{"tree view without a root item", true}, {"combo box without a tree view", false}});
     }
 
@@ -308,7 +308,7 @@ private Q_SLOTS:
         QCOMPARE(scene.manager.calls, QStringList());
     }
 
-    void loadOfKindWithoutTreeFails_data() { addTypes(typesWithoutTree); }
+    void loadOfKindWithoutTreeFails_data() { kinds(typesWithoutTree); }
 
     void loadOfKindWithoutTreeFails()
     {
@@ -329,7 +329,7 @@ private Q_SLOTS:
 
     void failedLoadCutsTheConnection_data()
     {
-        addRows<bool>({"good"}, {{"the first load failed", false}, {"the first load was good", true}});
+        table<bool>({"good"}, {{"the first load failed", false}, {"the first load was good", true}});
     }
 
     void failedLoadCutsTheConnection()
@@ -373,7 +373,7 @@ private Q_SLOTS:
 
     void choiceOfANodeSearchesIt_data()
     {
-        addRows<int>({"type"},
+        table<int>({"type"},
             {
                 {"alarms of organisations send it as a list", 1},
                 {"alarms of devices send its number", 2},
@@ -442,7 +442,7 @@ private Q_SLOTS:
 
     void withoutCurrentNodeThereIsNoId_data()
     {
-        addRows<QString>({"state"},
+        table<QString>({"state"},
             {
                 {"page that was never shown", "new"},
                 {"tree without a current node", "no current"},
@@ -486,7 +486,7 @@ private Q_SLOTS:
 
     void currentIdOfUnusualNumbers_data()
     {
-        addRows<int>({"id"}, {{"largest", INT_MAX}, {"smallest", INT_MIN}, {"negative", -5}, {"zero", 0}});
+        table<int>({"id"}, {{"largest", INT_MAX}, {"smallest", INT_MIN}, {"negative", -5}, {"zero", 0}});
     }
 
     void currentIdOfUnusualNumbers()
@@ -549,7 +549,7 @@ private Q_SLOTS:
 
     void sumModeGoesIntoTheRequest_data()
     {
-        addRows<int, int>({"index", "orgType"}, {{"lower levels", 0, 1}, {"the organisation alone", 2, 3}});
+        table<int, int>({"index", "orgType"}, {{"lower levels", 0, 1}, {"the organisation alone", 2, 3}});
     }
 
     void sumModeGoesIntoTheRequest()
@@ -683,7 +683,7 @@ private Q_SLOTS:
 
     void languageOfTheApplicationReachesTree_data()
     {
-        addRows<bool>({"visible"},
+        table<bool>({"visible"},
             {{"a visible page goes back to the root", true}, {"a hidden page keeps its node", false}});
     }
 

@@ -1,5 +1,5 @@
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <devhost/data/Periods.h>
 #include <devhost/data/Sql.h>
@@ -47,7 +47,7 @@ private Q_SLOTS:
 
     void anotherFormIsRefused_data()
     {
-        addRows<int, QByteArray>({"timeType", "time"},
+        table<int, QByteArray>({"timeType", "time"},
             {
                 {"empty", 3, QByteArray()},
                 {"blank at the end", 2, "2024-05-03 "},

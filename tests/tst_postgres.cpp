@@ -2,8 +2,8 @@
 #include "support/EventStore.h"
 #include "support/LogCapture.h"
 #include "support/ProbePage.h"
-#include "support/Rows.h"
 #include "support/Sandbox.h"
+#include "support/TestTable.h"
 
 #include <devhost/client/ClientInstances.h>
 #include <devhost/data/Schema.h>
@@ -404,7 +404,7 @@ private Q_SLOTS:
 
     void whatIsNoStoreIsRefusedAndLeftAsItIs_data()
     {
-        addRows<QString, QString>({"sql", "reason"},
+        table<QString, QString>({"sql", "reason"},
             {
                 {"a newer version",
                     "CREATE TABLE talvix_schema (version INTEGER NOT NULL);"
@@ -443,7 +443,7 @@ private Q_SLOTS:
     void everyOperationAnswersTheSameRows_data()
     {
         using Manager = KRXClientStatisticsManager;
-        addRows<Questions>({"questions"},
+        table<Questions>({"questions"},
             {
                 {"alarms of organisations", ofOrganisations(&Manager::getAlarmStatisticsOfOrgas)},
                 {"alarms of an organisation", ofOrganisation(&Manager::getAlarmStatisticsOfOrga)},
@@ -485,7 +485,7 @@ private Q_SLOTS:
     void aFileIsRefusedWithTheSameWordsAndLeavesNothing_data()
     {
         const QByteArray good = "online,2024-05-03T08,ipc-111,,40\nsnapshot,2024-05-03T08:00,street-1,2,7\n";
-        addRows<QByteArray>({"lines"},
+        table<QByteArray>({"lines"},
             {
                 {"a wrong line", good + "nonsense\n"},
                 {"minutes that are taken", good + "online,2024-05-03T08,ipc-111,,30\n"},
@@ -644,7 +644,7 @@ private Q_SLOTS:
     {
         const QString user = PostgresServer::user();
         const int port = server().port();
-        addRows<QString, QString>({"url", "reason"},
+        table<QString, QString>({"url", "reason"},
             {
                 {"a wrong password", server().url(u"postgres"_s, u"guessed"_s),
                     u"The database postgres://%1@127.0.0.1:%2/postgres cannot be opened: password "

@@ -1,6 +1,6 @@
 #include "support/PageScene.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 #include "support/TextRecorder.h"
 
 #include <TalvixWidgets/ZrCalendarWidget.h>
@@ -418,7 +418,7 @@ private Q_SLOTS:
         QVERIFY(!titlesAreEmpty(page));
     }
 
-    void kindsWithoutTreeTipAtEachShow_data() { addTypes({5, 6, 0, 10, -1, INT_MAX, INT_MIN}); }
+    void kindsWithoutTreeTipAtEachShow_data() { kinds({5, 6, 0, 10, -1, INT_MAX, INT_MIN}); }
 
     void kindsWithoutTreeTipAtEachShow()
     {
@@ -435,7 +435,7 @@ private Q_SLOTS:
         QCOMPARE(scene.manager.calls, QStringList());
     }
 
-    void hideLogsAndSetsTheMark_data() { addTypes({1, 2, 3, 4, 5, 6, 7, 8, 9, 0, 10, -1}); }
+    void hideLogsAndSetsTheMark_data() { kinds({1, 2, 3, 4, 5, 6, 7, 8, 9, 0, 10, -1}); }
 
     void hideLogsAndSetsTheMark()
     {
@@ -503,7 +503,7 @@ private Q_SLOTS:
 
     void searchOutcomes_data()
     {
-        addRows<int, QList<Tip>>({"code", "tips"},
+        table<int, QList<Tip>>({"code", "tips"},
             {
                 {"no organisation", 1, {{u"TK_orgNotExist"_s, 2}}},
                 {"failed, with the client's text directly behind", 2, {{u"TK_GetFailedserver is away"_s, 3}}},
@@ -562,7 +562,7 @@ private Q_SLOTS:
 
     void successSortsByTheChosenOrder_data()
     {
-        addRows<bool>({"ascending"}, {{"ascending", true}, {"descending by default", false}});
+        table<bool>({"ascending"}, {{"ascending", true}, {"descending by default", false}});
     }
 
     void successSortsByTheChosenOrder()
@@ -597,7 +597,7 @@ private Q_SLOTS:
 
     void everyConditionSearchesAtOnce_data()
     {
-        addRows<Step>({"step"},
+        table<Step>({"step"},
             {
                 {"month", [](ProbePage &page) { click(page, "pushButtonMonth"); }},
                 {"day", [](ProbePage &page) { click(page, "pushButtonDay"); }},
@@ -652,7 +652,7 @@ private Q_SLOTS:
 
     void othersSearchNothing_data()
     {
-        addRows<Step>({"step"},
+        table<Step>({"step"},
             {
                 {"asc", [](ProbePage &page) { click(page, "pushButtonAsc"); }},
                 {"desc", [](ProbePage &page) { click(page, "pushButtonDesc"); }},
@@ -690,7 +690,7 @@ private Q_SLOTS:
 
     void pageIsClearedBeforeItTellsWhy_data()
     {
-        addRows<int>({"outcome"}, {{"no organisation", 1}, {"refused", 2}, {"no records", 3}});
+        table<int>({"outcome"}, {{"no organisation", 1}, {"refused", 2}, {"no records", 3}});
     }
 
     void pageIsClearedBeforeItTellsWhy()
@@ -728,7 +728,7 @@ private Q_SLOTS:
         QVERIFY(titlesAreEmpty(page));
     }
 
-    void clearingHidesControlsAndCharts_data() { addTypes(knownTypes); }
+    void clearingHidesControlsAndCharts_data() { kinds(knownTypes); }
 
     void clearingHidesControlsAndCharts()
     {
@@ -886,7 +886,7 @@ private Q_SLOTS:
 
     void conditionIsStoredWhenItDiffers_data()
     {
-        addRows<Change>({"change"},
+        table<Change>({"change"},
             {
                 {"user", [](Condition &stored) { stored.userId = 6; }},
                 {"start", [](Condition &stored) { stored.startTime = u"2024-05-03 01"_s; }},
@@ -946,7 +946,7 @@ private Q_SLOTS:
 
     void conditionNeedsTwoParts_data()
     {
-        addRows<QString>({"text"},
+        table<QString>({"text"},
             {
                 {"three parts", "2024-05-03 00~2024-05-03 17~2024-05-03 18"},
                 {"one part", "2024-05-03 00"},
@@ -1067,7 +1067,7 @@ private Q_SLOTS:
 
     void failedPageStaysAdvanced_data()
     {
-        addRows<bool>({"refused"}, {{"refused by the client", true}, {"no records", false}});
+        table<bool>({"refused"}, {{"refused by the client", true}, {"no records", false}});
     }
 
     void failedPageStaysAdvanced()
@@ -1095,7 +1095,7 @@ private Q_SLOTS:
 
     void pageInfo_data()
     {
-        addRows<int, int, bool>({"total", "current", "taken"},
+        table<int, int, bool>({"total", "current", "taken"},
             {
                 {"both given", 8, 3, true},
                 {"both zero", 0, 0, true},
@@ -1129,7 +1129,7 @@ private Q_SLOTS:
 
     void timerTellsOfTheBarAndStops_data()
     {
-        addRows<QStringList>({"bars"}, {{"a bar is selected", {"Plant North"}}, {"no bar is selected", {}}});
+        table<QStringList>({"bars"}, {{"a bar is selected", {"Plant North"}}, {"no bar is selected", {}}});
     }
 
     void timerTellsOfTheBarAndStops()
@@ -1154,7 +1154,7 @@ private Q_SLOTS:
 
     void pressOnTimeOpensTheCalendar_data()
     {
-        addRows<Qt::MouseButton>(
+        table<Qt::MouseButton>(
             {"button"}, {{"left", Qt::LeftButton}, {"right", Qt::RightButton}, {"middle", Qt::MiddleButton}});
     }
 
@@ -1258,7 +1258,7 @@ private Q_SLOTS:
 
     void onlyALargeEnoughSizeRefreshesTheOverlays_data()
     {
-        addRows<int, bool>({"width", "refreshed"}, {{"large enough", 1200, true}, {"small", 900, false}});
+        table<int, bool>({"width", "refreshed"}, {{"large enough", 1200, true}, {"small", 900, false}});
     }
 
     void onlyALargeEnoughSizeRefreshesTheOverlays()

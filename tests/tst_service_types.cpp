@@ -1,6 +1,6 @@
 #include "support/PageScene.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <devhost/widgets/HostSettings.h>
 #include <TalvixWidgets/ZrCalendarWidget.h>
@@ -93,7 +93,7 @@ private Q_SLOTS:
         bare.m_mutex.unlock();
     }
 
-    void constructorKeepsItsType_data() { addTypes(knownTypes + typesOutside); }
+    void constructorKeepsItsType_data() { kinds(knownTypes + typesOutside); }
 
     void constructorKeepsItsType()
     {
@@ -104,7 +104,7 @@ private Q_SLOTS:
         QCOMPARE(writtenLines(log), QStringList());
     }
 
-    void constructorHidesNothing_data() { addTypes(knownTypes + typesOutside); }
+    void constructorHidesNothing_data() { kinds(knownTypes + typesOutside); }
 
     void constructorHidesNothing()
     {
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(alone.windowFlags(), plain.windowFlags());
     }
 
-    void pageThatIsNeverShownTouchesNoClient_data() { addTypes(knownTypes + typesOutside); }
+    void pageThatIsNeverShownTouchesNoClient_data() { kinds(knownTypes + typesOutside); }
 
     void pageThatIsNeverShownTouchesNoClient()
     {
@@ -211,7 +211,7 @@ private Q_SLOTS:
         QVERIFY(!combo);
     }
 
-    void deletionOfShownPageOfAnyKindIsClean_data() { addTypes(knownTypes + typesOutside); }
+    void deletionOfShownPageOfAnyKindIsClean_data() { kinds(knownTypes + typesOutside); }
 
     void deletionOfShownPageOfAnyKindIsClean()
     {
@@ -295,10 +295,7 @@ private Q_SLOTS:
         QFAIL("no such method");
     }
 
-    void changedTypeIsStoredAndLogged_data()
-    {
-        addTypes(QList<int>({2, 3, 4, 5, 6, 7, 8, 9}) + typesOutside);
-    }
+    void changedTypeIsStoredAndLogged_data() { kinds(QList<int>({2, 3, 4, 5, 6, 7, 8, 9}) + typesOutside); }
 
     void changedTypeIsStoredAndLogged()
     {
@@ -339,7 +336,7 @@ private Q_SLOTS:
 
     void hiddenControls_data()
     {
-        addRows<int, bool, bool, bool>({"type", "pieHidden", "sumModeHidden", "radiosShown"},
+        table<int, bool, bool, bool>({"type", "pieHidden", "sumModeHidden", "radiosShown"},
             {
                 {"alarms of organisations show pie and sum mode", 1, false, false, false},
                 {"alarms of devices hide the sum mode", 2, false, true, false},
@@ -376,7 +373,7 @@ private Q_SLOTS:
             QVERIFY2(!hidden(name), name);
     }
 
-    void hiddenPanesAreNeverShownAgain_data() { addTypes({1, 2, 5, 7, 9, 0, 10}); }
+    void hiddenPanesAreNeverShownAgain_data() { kinds({1, 2, 5, 7, 9, 0, 10}); }
 
     void hiddenPanesAreNeverShownAgain()
     {
@@ -401,7 +398,7 @@ private Q_SLOTS:
         }
     }
 
-    void firstTimeUnit_data() { addTypes(knownTypes + typesOutside); }
+    void firstTimeUnit_data() { kinds(knownTypes + typesOutside); }
 
     void firstTimeUnit()
     {
@@ -423,7 +420,7 @@ private Q_SLOTS:
         QCOMPARE(page.part<QWidget>("pushButtonMonth")->property("highlight"), QVariant(false));
     }
 
-    void organisationTree_data() { addTypes(knownTypes + typesOutside); }
+    void organisationTree_data() { kinds(knownTypes + typesOutside); }
 
     void organisationTree()
     {
@@ -442,7 +439,7 @@ private Q_SLOTS:
 
     void queryOperation_data()
     {
-        addRows<int, QString>({"type", "query"},
+        table<int, QString>({"type", "query"},
             {
                 {"alarms of organisations", 1, "getAlarmStatisticsOfOrgas"},
                 {"alarms of devices", 2, "getAlarmStatisticsOfDevices"},
@@ -472,7 +469,7 @@ private Q_SLOTS:
         QVERIFY(!page.m_chartViewList.isEmpty());
     }
 
-    void pagedQuery_data() { addTypes(knownTypes + typesOutside); }
+    void pagedQuery_data() { kinds(knownTypes + typesOutside); }
 
     void pagedQuery()
     {
@@ -497,7 +494,7 @@ private Q_SLOTS:
         QCOMPARE(page.m_nPageSize, 10);
     }
 
-    void pieModeSelector_data() { addTypes(knownTypes + typesOutside); }
+    void pieModeSelector_data() { kinds(knownTypes + typesOutside); }
 
     void pieModeSelector()
     {
@@ -510,7 +507,7 @@ private Q_SLOTS:
         QCOMPARE(!page.comboBoxPie->isHidden(), shown);
     }
 
-    void pieViewIsMissingForOnlineKindsOnly_data() { addTypes(knownTypes + typesOutside); }
+    void pieViewIsMissingForOnlineKindsOnly_data() { kinds(knownTypes + typesOutside); }
 
     void pieViewIsMissingForOnlineKindsOnly()
     {
@@ -526,7 +523,7 @@ private Q_SLOTS:
 
     void resultCodes_data()
     {
-        addRows<bool, QString, bool, int, QString>({"organisation", "failure", "records", "code", "line"},
+        table<bool, QString, bool, int, QString>({"organisation", "failure", "records", "code", "line"},
             {
                 {"no organisation", false, QString(), true, 1,
                     "BasicChart::getAlarmOfOrgas No Suborganization"},
@@ -563,7 +560,7 @@ private Q_SLOTS:
         QCOMPARE(endings, line.isEmpty() ? QStringList() : QStringList({line}));
     }
 
-    void searchOfTypeOutsideStopsAtEmptyTree_data() { addTypes(QList<int>({5, 6}) + typesOutside); }
+    void searchOfTypeOutsideStopsAtEmptyTree_data() { kinds(QList<int>({5, 6}) + typesOutside); }
 
     void searchOfTypeOutsideStopsAtEmptyTree()
     {

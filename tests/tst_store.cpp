@@ -1,5 +1,5 @@
 #include "support/EventStore.h"
-#include "support/Rows.h"
+#include "support/TestTable.h"
 
 #include <devhost/data/Schema.h>
 
@@ -268,7 +268,7 @@ private Q_SLOTS:
 
     void anOrganisationIsCountedByTheSumMode_data()
     {
-        addRows<int, int, QStringList>({"organisation", "orgType", "expected"},
+        table<int, int, QStringList>({"organisation", "orgType", "expected"},
             {
                 {"low sum counts what is below, without the organisation's own", 1, int(below),
                     {"1=30", "10=12", "20=0", "30=0", "40=0", "50=0", "60=0"}},
@@ -316,7 +316,7 @@ private Q_SLOTS:
 
     void bothEndsOfATimeRangeBelongToIt_data()
     {
-        addRows<int, QByteArray, QByteArray, QStringList>({"timeType", "start", "end", "expected"},
+        table<int, QByteArray, QByteArray, QStringList>({"timeType", "start", "end", "expected"},
             {
                 {"hours", int(hours), "2024-05-02 23", "2024-05-03 00", {"11=6"}},
                 {"days", int(days), "2024-05-01", "2024-05-02", {"11=3"}},
@@ -379,7 +379,7 @@ private Q_SLOTS:
 
     void devicesAreThoseOfTheBranchAndComeInPages_data()
     {
-        addRows<int, int, int, int, QStringList>(
+        table<int, int, int, int, QStringList>(
             {"organisation", "sortType", "pageIndex", "pageSize", "expected"},
             {
                 {"the first page", 10, int(descending), 1, 2, {"page 1 of 2", "ipc-121-1=8", "ipc-111-1=4"}},
@@ -444,7 +444,7 @@ private Q_SLOTS:
             return u"The time '%1' is not of the form %2."_s.arg(
                 QString::fromUtf8(time), QLatin1String(wanted));
         };
-        addRows<int, int, QByteArray, QByteArray, QString>({"timeType", "orgType", "start", "end", "reason"},
+        table<int, int, QByteArray, QByteArray, QString>({"timeType", "orgType", "start", "end", "reason"},
             {
                 {"no time", int(hours), int(all), QByteArray(), "2024-05-03 17", form("", "yyyy-MM-dd hh")},
                 {"a day for an hour", int(hours), int(all), "2024-05-03", "2024-05-03 17",
@@ -590,7 +590,7 @@ private Q_SLOTS:
 
     void groupsAreThoseOfTheOrganisationsThatAreCounted_data()
     {
-        addRows<int, int, QStringList>({"organisation", "orgType", "expected"},
+        table<int, int, QStringList>({"organisation", "orgType", "expected"},
             {
                 {"all sum", 10, int(all), {"3 Check-in crew=5", "2 Airport staff=2", "4 Cargo crew=0"}},
                 {"low sum", 10, int(below), {"3 Check-in crew=5", "4 Cargo crew=0"}},
@@ -968,7 +968,7 @@ private Q_SLOTS:
 
     void whatIsNoStoreIsRefusedAndLeftAsItIs_data()
     {
-        addRows<QString, QByteArray, QString>({"sql", "content", "reason"},
+        table<QString, QByteArray, QString>({"sql", "content", "reason"},
             {
                 {"a newer version",
                     "CREATE TABLE talvix_schema (version INTEGER NOT NULL);"

@@ -1,6 +1,6 @@
 #include "support/PageScene.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <QtWidgets/QComboBox>
 
@@ -372,7 +372,7 @@ private Q_SLOTS:
 
     void aSearchCallsTheOperationsOfItsServiceInOrder_data()
     {
-        addRows<int, QStringList>({"type", "calls"},
+        table<int, QStringList>({"type", "calls"},
             {
                 {"groups ask for the group and twice for its distribution", 5,
                     {"getTemperatureStatisticsOfGroups", "getTemperatureStatisticsOfGroup",
@@ -404,7 +404,7 @@ private Q_SLOTS:
     void figuresGoToTheListsOfTheirService_data()
     {
         const LabelledValues none;
-        addRows<int, LabelledValues, LabelledValues, LabelledValues, LabelledValues, LabelledValues>(
+        table<int, LabelledValues, LabelledValues, LabelledValues, LabelledValues, LabelledValues>(
             {"type", "bars", "bars2", "line", "line2", "pie"},
             {
                 {"groups", 5, {{"Ward", 8}}, none, {{"2024-05-03 04", 8}}, none, {{"30", 30}}},
@@ -434,7 +434,7 @@ private Q_SLOTS:
 
     void theServersOrderIsKept_data()
     {
-        addRows<int, QStringList>({"type", "labels"},
+        table<int, QStringList>({"type", "labels"},
             {
                 {"groups", 5, {"m", "z", "a"}},
                 {"persons", 6, {"m", "z", "a"}},
@@ -463,7 +463,7 @@ private Q_SLOTS:
         QCOMPARE(listValues(scene.page.barDataList), QList<int>({5, 50, 1}));
     }
 
-    void afterFalseTheAnswerIsNotRead_data() { addTypes({5, 6, 7, 8, 9}); }
+    void afterFalseTheAnswerIsNotRead_data() { kinds({5, 6, 7, 8, 9}); }
 
     void afterFalseTheAnswerIsNotRead()
     {
@@ -549,7 +549,7 @@ private Q_SLOTS:
 
     void theUnitOfTimeIsSent_data()
     {
-        addRows<QByteArray, int, QString, QString>({"button", "timeType", "start", "end"},
+        table<QByteArray, int, QString, QString>({"button", "timeType", "start", "end"},
             {
                 {"months", "pushButtonMonth", 1, "2023-11", "2024-05"},
                 {"days", "pushButtonDay", 2, "2024-04-26", "2024-05-03"},
@@ -584,7 +584,7 @@ private Q_SLOTS:
 
     void theSortDirectionIsSent_data()
     {
-        addRows<QByteArray, int>({"button", "sortType"},
+        table<QByteArray, int>({"button", "sortType"},
             {{"descending is 1", "pushButtonDesc", 1}, {"ascending is 2", "pushButtonAsc", 2}});
     }
 
@@ -609,7 +609,7 @@ private Q_SLOTS:
 
     void theSumModeIsSent_data()
     {
-        addRows<QString, int>({"mode", "orgType"},
+        table<QString, int>({"mode", "orgType"},
             {
                 {"lower levels", "TK_LowSum", 1},
                 {"all levels", "TK_AllSum", 2},
@@ -654,7 +654,7 @@ private Q_SLOTS:
 
     void aKeyThatIsNoNumberIsSentAsZero_data()
     {
-        addRows<QString, int>({"key", "sent"},
+        table<QString, int>({"key", "sent"},
             {
                 {"a word", "ward", 0},
                 {"nothing", "", 0},

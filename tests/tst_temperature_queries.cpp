@@ -1,6 +1,6 @@
 #include "support/PageScene.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <devhost/widgets/HostSettings.h>
 #include <TalvixWidgets/AppTranslationHelper.h>
@@ -63,7 +63,7 @@ namespace {
 
 void addFailedDrillDowns()
 {
-    addRows<DrillDown, bool>({"drillDown", "refused"},
+    table<DrillDown, bool>({"drillDown", "refused"},
         {
             {"a refused group", ofGroup, true},
             {"a group without records", ofGroup, false},
@@ -74,12 +74,12 @@ void addFailedDrillDowns()
 
 void addBothDrillDowns()
 {
-    addRows<DrillDown>({"drillDown"}, {{"group", ofGroup}, {"person", ofPerson}});
+    table<DrillDown>({"drillDown"}, {{"group", ofGroup}, {"person", ofPerson}});
 }
 
 void addBothLists()
 {
-    addRows<int, QString>({"type", "word"},
+    table<int, QString>({"type", "word"},
         {
             {"groups", 5, "BasicChart::getTemperatureOfGroups"},
             {"persons", 6, "BasicChart::getTemperatureOfPersons"},
@@ -414,7 +414,7 @@ private Q_SLOTS:
 
     void anEmptyBarListAsksNothing_data()
     {
-        addRows<int, QString>({"type", "line"},
+        table<int, QString>({"type", "line"},
             {{"groups", 5, "setGroupsBarList is empty"}, {"persons", 6, "setPersonsBarList is empty"}});
     }
 
@@ -505,7 +505,7 @@ private Q_SLOTS:
 
     void unitAndSpanAreThoseOfThePage_data()
     {
-        addRows<QByteArray, int, QString, QString>({"button", "unit", "start", "end"},
+        table<QByteArray, int, QString, QString>({"button", "unit", "start", "end"},
             {
                 {"months", "pushButtonMonth", 1, "2023-11", "2024-05"},
                 {"days", "pushButtonDay", 2, "2024-04-26", "2024-05-03"},
@@ -634,7 +634,7 @@ private Q_SLOTS:
     void slicesOfAPerson_data()
     {
         using Items = QList<std::pair<int, std::pair<QString, int>>>;
-        addRows<Items, LabelledValues, LabelledValues>({"items", "line", "pie"},
+        table<Items, LabelledValues, LabelledValues>({"items", "line", "pie"},
             {
                 {"the number of the class names the slice", {{12, {"t0", 3}}}, {{"t0", 3}}, {{"12", 3}}},
                 {"without a class the period names the slice", {{-1, {"t0", 3}}}, {{"t0", 3}}, {{"t0", 3}}},

@@ -1,6 +1,6 @@
 #include "support/PageScene.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <devhost/widgets/HostSettings.h>
 #include <page/TimeFormats.h>
@@ -96,7 +96,7 @@ private Q_SLOTS:
 
     void unitButtonsSetSpanUnitAndHighlight_data()
     {
-        addRows<QByteArray, int, QString, QVariantList>({"button", "unit", "text", "marks"},
+        table<QByteArray, int, QString, QVariantList>({"button", "unit", "text", "marks"},
             {
                 {"month", "pushButtonMonth", 1, "2023-11~2024-05", {false, false, true}},
                 {"day", "pushButtonDay", 2, "2024-04-26~2024-05-03", {false, true, false}},
@@ -127,7 +127,7 @@ private Q_SLOTS:
         const QByteArray month("pushButtonMonth");
         const QByteArray day("pushButtonDay");
         const QByteArray hour("pushButtonHour");
-        addRows<QDateTime, QByteArray, QString, QString>({"now", "button", "text", "tip"},
+        table<QDateTime, QByteArray, QString, QString>({"now", "button", "text", "tip"},
             {
                 {"six months back from the end of August are more than six months on from February",
                     at(2024, 8, 31, 12), month, "2024-02~2024-08", monthTip},
@@ -160,7 +160,7 @@ private Q_SLOTS:
 
     void unitButtonsHighlightHourThenDayThenMonth_data()
     {
-        addRows<QByteArray>(
+        table<QByteArray>(
             {"button"}, {{"month", "pushButtonMonth"}, {"day", "pushButtonDay"}, {"hour", "pushButtonHour"}});
     }
 
@@ -182,7 +182,7 @@ private Q_SLOTS:
 
     void unitButtonsTellTheCalendar_data()
     {
-        addRows<QByteArray, QString>({"button", "format"},
+        table<QByteArray, QString>({"button", "format"},
             {
                 {"month", "pushButtonMonth", "yyyy-MM"},
                 {"day", "pushButtonDay", "yyyy-MM-dd"},
@@ -276,7 +276,7 @@ private Q_SLOTS:
     void limits_data()
     {
         const QString none;
-        addRows<int, QDateTime, QDateTime, QString, QString>({"unit", "start", "stop", "text", "tip"},
+        table<int, QDateTime, QDateTime, QString, QString>({"unit", "start", "stop", "text", "tip"},
             {
                 {"month: exactly six months pass", 1, at(2023, 12, 31), at(2024, 6, 30), "2023-12~2024-06",
                     none},
@@ -382,7 +382,7 @@ private Q_SLOTS:
 
     void limitedSpanIsSearched_data()
     {
-        addRows<int, QDateTime, QDateTime, QString, QString, QString>(
+        table<int, QDateTime, QDateTime, QString, QString, QString>(
             {"unit", "start", "stop", "tip", "from", "to"},
             {
                 {"months", 1, at(2023, 10, 3), at(2024, 5, 3), monthTip, "2023-10", "2024-04"},
@@ -426,7 +426,7 @@ private Q_SLOTS:
 
     void wholeDaysEndWithTheirLastSecond_data()
     {
-        addRows<QDateTime>({"stop"},
+        table<QDateTime>({"stop"},
             {
                 {"a stop on another day number", at(2024, 5, 2, 9, 10, 11)},
                 {"a stop that is cut", at(2024, 5, 3, 9, 10, 11)},
@@ -464,7 +464,7 @@ private Q_SLOTS:
 
     void calendarAnswerTakesThePagesUnit_data()
     {
-        addRows<int, QString>({"unit", "text"},
+        table<int, QString>({"unit", "text"},
             {
                 {"month", 1, "2024-05~2024-05"},
                 {"day", 2, "2024-05-02~2024-05-03"},
@@ -567,7 +567,7 @@ private Q_SLOTS:
 
     void malformedTextIsLoggedAndOpensThePopup_data()
     {
-        addRows<QString, bool>({"text", "logged"},
+        table<QString, bool>({"text", "logged"},
             {
                 {"no separator", "2024-05-03 04", true},
                 {"nothing", QString(), true},
@@ -596,7 +596,7 @@ private Q_SLOTS:
 
     void requestStringsAreYearFirst_data()
     {
-        addRows<int, bool, QString, QString, QString>({"unit", "dayFirst", "displayStart", "from", "to"},
+        table<int, bool, QString, QString, QString>({"unit", "dayFirst", "displayStart", "from", "to"},
             {
                 {"months, year first", 1, false, "2024-02", "2024-02", "2024-04"},
                 {"days, year first", 2, false, "2024-04-28", "2024-04-28", "2024-05-02"},
@@ -638,7 +638,7 @@ private Q_SLOTS:
     void requestStringsOfMalformedText_data()
     {
         const QString hour = u"2024-05-03 04"_s;
-        addRows<QString, QString, QString>({"text", "from", "to"},
+        table<QString, QString, QString>({"text", "from", "to"},
             {
                 {"nothing", QString(), QString(), QString()},
                 {"one part", hour, hour, QString()},
@@ -662,7 +662,7 @@ private Q_SLOTS:
 
     void queryAndLineUseRequestStrings_data()
     {
-        addRows<QByteArray, QString, QString>({"button", "from", "to"},
+        table<QByteArray, QString, QString>({"button", "from", "to"},
             {
                 {"month", "pushButtonMonth", "2023-11", "2024-05"},
                 {"day", "pushButtonDay", "2024-04-26", "2024-05-03"},

@@ -1,6 +1,6 @@
 #include "support/PageScene.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
+#include "support/TestTable.h"
 
 #include <TalvixWidgets/ZrPushButton.h>
 
@@ -68,7 +68,7 @@ void refuseDetailsOf(StatisticsScene &scene, int majorClass)
 
 void addFailures()
 {
-    addRows<bool>({"refused"}, {{"refused", true}, {"without records", false}});
+    table<bool>({"refused"}, {{"refused", true}, {"without records", false}});
 }
 
 } // namespace
@@ -144,7 +144,7 @@ private Q_SLOTS:
 
     void samplesWithoutAnyFigureAreNoRecordsAndWriteNoLine_data()
     {
-        addRows<bool>(
+        table<bool>(
             {"withChannels"}, {{"buckets without channels", false}, {"channels without figures", true}});
     }
 
@@ -234,7 +234,7 @@ private Q_SLOTS:
 
     void barsOfAChannel_data()
     {
-        addRows<Pairs, int, int>({"typesAndCounts", "vehicles", "pedestrians"},
+        table<Pairs, int, int>({"typesAndCounts", "vehicles", "pedestrians"},
             {
                 {"type 4 is a vehicle", {{4, 6}}, 6, 0},
                 {"type 2 is a pedestrian", {{2, 6}}, 0, 6},
@@ -271,7 +271,7 @@ private Q_SLOTS:
 
     void aSecondChannelOfOneNameIsRenamed_data()
     {
-        addRows<QString, std::string, std::string, QString>({"name", "channelName", "address", "label"},
+        table<QString, std::string, std::string, QString>({"name", "channelName", "address", "label"},
             {
                 {"it takes its address", "Gate", "right", "10.0.0.2", "10.0.0.2"},
                 {"without an address it takes its own name", "Gate", "right", "", "right"},
@@ -438,7 +438,7 @@ private Q_SLOTS:
 
     void monthsAndDaysOfDevicesGoOutAsTheyAre_data()
     {
-        addRows<QByteArray, int, QString, QString>({"button", "unit", "start", "end"},
+        table<QByteArray, int, QString, QString>({"button", "unit", "start", "end"},
             {
                 {"months", "pushButtonMonth", 1, "2023-11", "2024-05"},
                 {"days", "pushButtonDay", 2, "2024-04-26", "2024-05-03"},
@@ -486,7 +486,7 @@ private Q_SLOTS:
 
     void organisationsWithoutATreeAreAskedWithAnEmptyList_data()
     {
-        addRows<bool, int>({"withRecords", "result"},
+        table<bool, int>({"withRecords", "result"},
             {
                 {"an empty answer is no records", false, 3},
                 {"an answer with records is a success", true, 4},
@@ -714,7 +714,7 @@ private Q_SLOTS:
     // Details
     void aDetailQueryLogsTheDevicesWordInBothModes_data()
     {
-        addRows<int>({"mode"}, {{"by device", 1}, {"by organisation", 2}});
+        table<int>({"mode"}, {{"by device", 1}, {"by organisation", 2}});
     }
 
     void aDetailQueryLogsTheDevicesWordInBothModes()
@@ -777,7 +777,7 @@ private Q_SLOTS:
 
     void bothClassesAreAskedWhateverTheFirstAnswers_data()
     {
-        addRows<int, QList<int>>({"refusedClass", "classes"},
+        table<int, QList<int>>({"refusedClass", "classes"},
             {{"both answered", 0, {2, 4}}, {"vehicles refused", 4, {2}}, {"pedestrians refused", 2, {4}}});
     }
 
@@ -798,7 +798,7 @@ private Q_SLOTS:
 
     void thePieFollowsTheChosenClass_data()
     {
-        addRows<int, QByteArray, int>({"type", "button", "count"},
+        table<int, QByteArray, int>({"type", "button", "count"},
             {
                 {"vehicles of a device", 8, "carRadio", 5},
                 {"pedestrians of a device", 8, "personRadio", 6},

@@ -4,7 +4,7 @@
 
 #include "support/AnswerSource.h"
 #include "support/PageInvariants.h"
-#include "support/StatisticsScene.h"
+#include "support/PageScene.h"
 
 #include <devhost/widgets/HostSettings.h>
 #include <TalvixWidgets/ZrChartView.h>

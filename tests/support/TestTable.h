@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QString>
 #include <QtTest/QtTest>
 
 #include <array>
+#include <climits>
 #include <initializer_list>
 #include <tuple>
 
@@ -22,8 +24,11 @@ void table(const std::array<const char *, sizeof...(Cells)> &columns,
     }
 }
 
+inline const QList<int> knownTypes = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+inline const QList<int> typesOutside = {0, 10, -1, INT_MAX, INT_MIN};
+
 /// A row for each of these kinds of statistics.
-inline void kinds(std::initializer_list<int> types)
+inline void kinds(const QList<int> &types)
 {
     QTest::addColumn<int>("type");
     for (const int type : types)
@@ -40,7 +45,7 @@ inline void names(std::initializer_list<const char *> all)
 
 inline void allKinds()
 {
-    kinds({1, 2, 3, 4, 5, 6, 7, 8, 9});
+    kinds(knownTypes);
 }
 
 inline QString rowName()
