@@ -19,6 +19,8 @@
 #include <QtGui/QPixmap>
 #include <QtWidgets/QFileDialog>
 
+#include <utility>
+
 namespace {
 
 constexpr QPoint pictureOffset(10, 1000);
@@ -99,12 +101,13 @@ bool BasicChart::createPdf()
     const QString proposedName = QStringLiteral("StatisticCharts_%1")
                                      .arg(Clock::now().toString(QStringLiteral("yyyy-MM-dd hh-mm-ss")));
     const QPointer<BasicChart> page(this);
-    m_isChoosingFile = true;
+    // Somebody may be choosing already; that dialog outlives this one.
+    const bool wasChoosing = std::exchange(m_isChoosingFile, true);
     QString fileName = QFileDialog::getSaveFileName(
         this, Texts::sentence("TK_SaveImportResult"), proposedName, QStringLiteral("*.pdf"), nullptr, {});
     if (!page)
         return false;
-    m_isChoosingFile = false;
+    m_isChoosingFile = wasChoosing;
     if (fileName.isEmpty())
         return false;
     if (QFile::exists(fileName))

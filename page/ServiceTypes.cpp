@@ -2,6 +2,17 @@
 
 #include "Codes.h"
 
+namespace {
+
+void splitByDevice(BasicChart::ServiceTypeRow &row)
+{
+    row.series = BasicChart::ServiceTypeRow::Series::CamerasAndRecorders;
+    row.firstSeriesKey = "TK_IPC";
+    row.secondSeriesKey = "TK_NVRAndDVR";
+}
+
+} // namespace
+
 void BasicChart::ServiceTypeRow::setAlarmRows(Rows &rows)
 {
     ServiceTypeRow alarms;
@@ -19,9 +30,7 @@ void BasicChart::ServiceTypeRow::setAlarmRows(Rows &rows)
     alarmsOfDevices.drillDown = &BasicChart::getAlarmOfDevice;
     alarmsOfDevices.bars = Bars::Devices;
     alarmsOfDevices.traits = HasTree | Paged | SumModeHidden;
-    alarmsOfDevices.series = Series::CamerasAndRecorders;
-    alarmsOfDevices.firstSeriesKey = "TK_IPC";
-    alarmsOfDevices.secondSeriesKey = "TK_NVRAndDVR";
+    splitByDevice(alarmsOfDevices);
     alarmsOfDevices.barTitleKey = "TK_AlarmStatisticsOfDevices";
 }
 
@@ -44,9 +53,7 @@ void BasicChart::ServiceTypeRow::setOnlineRows(Rows &rows)
     onlineOfDevices.drillDown = &BasicChart::getOnlineOfDevice;
     onlineOfDevices.bars = Bars::Devices;
     onlineOfDevices.traits = HasTree | Paged | Pieless | SumModeHidden | CallOutInPercent;
-    onlineOfDevices.series = Series::CamerasAndRecorders;
-    onlineOfDevices.firstSeriesKey = "TK_IPC";
-    onlineOfDevices.secondSeriesKey = "TK_NVRAndDVR";
+    splitByDevice(onlineOfDevices);
     onlineOfDevices.barTitleKey = "TK_OnlineStatisticsOfDevices";
 }
 

@@ -84,6 +84,21 @@ void ask(StatisticsScene &scene, int queryType)
         scene.page.getTemperatureStatisticsOfDevGroups(u"41"_s, queryType);
 }
 
+/// All that requests about device groups have in common, with the span and organisation of the scene.
+template <typename Request>
+void checkDeviceGroupRequest(const Request &request)
+{
+    const StatisticsQueryOfOrga condition = request.queryStatisticsOfOrga();
+    QCOMPARE(condition.userId, 7);
+    QCOMPARE(condition.timeType, 3);
+    QCOMPARE(condition.reserved1, -99999);
+    QCOMPARE(condition.reserved2, -99999);
+    QCOMPARE(text(condition.startTime), spanStart);
+    QCOMPARE(text(condition.endTime), spanEnd);
+    QCOMPARE(condition.listOrg, std::vector<int>({41}));
+    QCOMPARE(text(request.cmd()), QString());
+}
+
 } // namespace
 
 class TestDistributionQueries : public QObject
@@ -305,16 +320,8 @@ private Q_SLOTS:
         scene.page.getTemperatureStatisticsOfDevGroups();
         QCOMPARE(scene.manager.calls, QStringList({"getTempAlarmHandleStatistics"}));
         const auto request = scene.manager.tempAlarmHandleStatistics.requests.first();
-        const StatisticsQueryOfOrga condition = request.queryStatisticsOfOrga();
-        QCOMPARE(condition.queryType, 1);
-        QCOMPARE(condition.userId, 7);
-        QCOMPARE(condition.timeType, 3);
-        QCOMPARE(condition.reserved1, -99999);
-        QCOMPARE(condition.reserved2, -99999);
-        QCOMPARE(text(condition.startTime), spanStart);
-        QCOMPARE(text(condition.endTime), spanEnd);
-        QCOMPARE(condition.listOrg, std::vector<int>({41}));
-        QCOMPARE(text(request.cmd()), QString());
+        QCOMPARE(request.queryStatisticsOfOrga().queryType, 1);
+        checkDeviceGroupRequest(request);
     }
 
     void aMonthSpanGoesOutAsFirstDaysForDeviceGroupsAlone()
@@ -548,15 +555,7 @@ private Q_SLOTS:
         QCOMPARE(requests.at(0).queryStatisticsOfOrga().queryType, 1);
         QCOMPARE(requests.at(1).queryStatisticsOfOrga().queryType, 2);
         for (const auto &request : requests) {
-            const StatisticsQueryOfOrga condition = request.queryStatisticsOfOrga();
-            QCOMPARE(condition.userId, 7);
-            QCOMPARE(condition.timeType, 3);
-            QCOMPARE(condition.reserved1, -99999);
-            QCOMPARE(condition.reserved2, -99999);
-            QCOMPARE(text(condition.startTime), spanStart);
-            QCOMPARE(text(condition.endTime), spanEnd);
-            QCOMPARE(condition.listOrg, std::vector<int>({41}));
-            QCOMPARE(text(request.cmd()), QString());
+            checkDeviceGroupRequest(request);
         }
     }
 

@@ -1,5 +1,6 @@
 #include "support/StorePageTest.h"
 
+#include <page/Codes.h>
 #include <TalvixWidgets/ZrComboBoxWithTree.h>
 #include <TalvixWidgets/ZrTreeView.h>
 
@@ -12,16 +13,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-enum Service {
-    alarmsOfOrganisations = 1,
-    alarmsOfDevices = 2,
-    readingsOfGroups = 5,
-    readingsOfPersons = 6,
-    trafficOfOrganisations = 7,
-    trafficOfDevices = 8,
-    handledAlarms = 9
-};
 
 using Values = QList<std::pair<QString, int>>;
 
@@ -135,7 +126,7 @@ private Q_SLOTS:
 
     void alarmsAddUpOnThePage()
     {
-        open(alarmsOfOrganisations);
+        open(Codes::AlarmStatisticsOfOrgas);
         forEachChoice([&](const QString &choice) {
             forEachBar([&](const QString &label) {
                 const int bar = valueOf(page->barDataList, label);
@@ -148,7 +139,7 @@ private Q_SLOTS:
 
     void trafficAddsUpOnThePage()
     {
-        open(trafficOfOrganisations);
+        open(Codes::TrafficsStatisticsOfOrgas);
         forEachChoice([&](const QString &choice) {
             forEachBar([&](const QString &label) {
                 const int vehicles = valueOf(page->barDataList, label);
@@ -168,7 +159,7 @@ private Q_SLOTS:
 
     void trafficOfChannelsAddsUpOnThePage()
     {
-        open(trafficOfDevices);
+        open(Codes::TrafficsStatisticsOfDevices);
         forEachBar([&](const QString &label) {
             const int vehicles = valueOf(page->barDataList, label);
             const int pedestrians = valueOf(page->barDataList2, label);
@@ -186,7 +177,7 @@ private Q_SLOTS:
 
     void alarmsOfDevicesAddUpOnThePage()
     {
-        open(alarmsOfDevices);
+        open(Codes::AlarmStatisticsOfDevices);
         forEachBar([&](const QString &label) {
             const int bar = valueOf(page->barDataList, label);
             QVERIFY(bar > 0);
@@ -199,7 +190,7 @@ private Q_SLOTS:
 
     void handledAlarmsAddUpOnThePage()
     {
-        open(handledAlarms);
+        open(Codes::TemperatureStatisticsOfDevGroups);
         forEachChoice([&](const QString &choice) {
             forEachBar([&](const QString &label) {
                 QVERIFY2(sumOf(page->lineDataList) == valueOf(page->barDataList, label), qPrintable(choice));
